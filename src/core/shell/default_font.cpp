@@ -1,0 +1,9 @@
+#include "shell/default_font.h"
+
+namespace zantor {
+
+std::string DefaultFontfile() {
+    return "c:\\padspwr\\powerpcb\\romansim.fnt";
+}
+
+}  // namespace zantor

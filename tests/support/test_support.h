@@ -1,0 +1,31 @@
+#pragma once
+
+// Helpers shared by the test executables.
+
+#include <filesystem>
+#include <string>
+
+namespace zantor::test {
+
+// The folder of handmade fixtures (tests/data).
+std::filesystem::path DataDir();
+// The repository root.
+std::filesystem::path SourceDir();
+
+// A fresh temporary folder, removed with the object.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+    // Writes `content` as bytes (no line-end translation) into a file of the folder.
+    std::filesystem::path WriteFile(const std::string& name, const std::string& content) const;
+
+private:
+    std::filesystem::path path_;
+};
+
+}  // namespace zantor::test
