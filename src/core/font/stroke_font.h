@@ -13,9 +13,9 @@
 namespace zantor {
 
 struct GlyphMetrics {
-    double maxX = 0;       // largest x of any point, font units, floored at 0
-    double maxY = 0;       // largest (y - 8) of any point, floored at 0
-    int advance = 0;       // the directory's advance byte (low byte only)
+    double maxX = 0;  // largest x of any point, font units, floored at 0
+    double maxY = 0;  // largest (y - 8) of any point, floored at 0
+    int advance = 0;  // the directory's advance byte (low byte only)
 };
 
 struct TextExtent {
@@ -24,9 +24,11 @@ struct TextExtent {
 };
 
 class StrokeFont {
-public:
+  public:
     // LoadFont: "FONT-file missing." through `messages` and false when no file is at `path`;
-    // IoError when it exists but cannot be read. Replaces any font held before.
+    // IoError when it exists but cannot be read. Replaces any font held before (a failed load
+    // keeps it). A path without a folder names a font shipped with the program
+    // (ResolveFontfile, font/font_location.h).
     bool Load(const std::string& path, UserMessages& messages);
     // For tests and converters: takes the bytes of a font file as they are.
     void LoadBytes(std::vector<std::uint8_t> bytes);
@@ -48,8 +50,24 @@ public:
     std::size_t PointListPosition(int code) const;
     int Advance16(int code) const;
     std::uint8_t Byte(std::size_t index) const;
+    // The same for a byte of character `code`'s glyph: the error names the character.
+    std::uint8_t GlyphByte(std::size_t index, int code) const;
 
-private:
+    // Calls visit(x, y) for every pair of the glyph's point list before its end mark (255, 255),
+    // pen-up and ignored pairs included. A list without an end mark runs into the range check.
+    template <typename Visit>
+    void ForEachPair(int code, Visit&& visit) const {
+        for (std::size_t p = PointListPosition(code);; p += 2) {
+            const std::uint8_t x = GlyphByte(p, code);
+            const std::uint8_t y = GlyphByte(p + 1, code);
+            if (x == 255 && y == 255) {
+                return;
+            }
+            visit(x, y);
+        }
+    }
+
+  private:
     std::vector<std::uint8_t> bytes_;
 };
 

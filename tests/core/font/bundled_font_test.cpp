@@ -1,0 +1,140 @@
+// The stroke font that ships with the program, and how the default `Fontfile` finds it.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include "font/executable_dir.h"
+#include "font/font_location.h"
+#include "font/stroke_font.h"
+#include "font/stroke_text.h"
+#include "hershey2fnt/hershey_font.h"
+#include "shell/default_font.h"
+#include "support/test_support.h"
+
+namespace zantor {
+namespace {
+
+std::vector<std::uint8_t> ReadBytes(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::filesystem::path CommittedFont() {
+    return test::SourceDir() / "data" / "fonts" / "romans.fnt";
+}
+
+StrokeFont CommittedStrokeFont() {
+    StrokeFont font;
+    font.LoadBytes(ReadBytes(CommittedFont()));
+    return font;
+}
+
+// Keeps the extremes of what a text drew.
+class BoundsSink : public StrokeSink {
+  public:
+    void MoveTo(double x, double y) override { Add(x, y); }
+    void LineTo(double x, double y) override {
+        Add(x, y);
+        ++lines;
+    }
+    void Add(double x, double y) {
+        minX = std::min(minX, x);
+        maxX = std::max(maxX, x);
+        minY = std::min(minY, y);
+        maxY = std::max(maxY, y);
+    }
+    double minX = 1e9, maxX = -1e9, minY = 1e9, maxY = -1e9;
+    int lines = 0;
+};
+
+TEST(BundledFont, HeaderAndKnownMetrics) {
+    const StrokeFont font = CommittedStrokeFont();
+    ASSERT_FALSE(font.Empty());
+    EXPECT_EQ(font.H6(), 16);
+    EXPECT_EQ(font.LastChar(), 126);
+    // Capitals are 30 font units tall: a capital drawn at size s is s * 30 / 30.4 tall.
+    for (int code = 'A'; code <= 'Z'; ++code) {
+        EXPECT_EQ(font.Metrics(code).maxY, 30) << static_cast<char>(code);
+    }
+    EXPECT_EQ(font.Metrics('M').advance, 31);
+    EXPECT_EQ(font.Metrics(' ').advance, 19);
+    EXPECT_EQ(font.Metrics(' ').maxX, 0);
+    EXPECT_NEAR(font.Extent("H", 100).height, 100, 2);
+}
+
+TEST(BundledFont, EveryGlyphDrawsInsideItsCell) {
+    const StrokeFont font = CommittedStrokeFont();
+    // Size 30.4 with H6 = 16: one library unit per font unit.
+    for (int code = 33; code <= 126; ++code) {
+        BoundsSink sink;
+        const std::string text(1, static_cast<char>(code));
+        DrawStrokeText(font, sink, false, text, 0, 0, 0, 30.4);
+        EXPECT_GT(sink.lines, 0) << text;
+        EXPECT_GE(sink.minX, 0) << text;
+        EXPECT_LE(sink.maxX, font.Advance16(code) + 4 + 1e-9) << text;
+        EXPECT_GE(sink.minY, -8 - 1e-9) << text;
+        EXPECT_LE(sink.maxY, 40) << text;
+        EXPECT_GT(font.Metrics(code).advance, 0) << text;
+    }
+    // Descenders reach below the baseline, lower case stays under the capitals.
+    EXPECT_EQ(font.Metrics('x').maxY, font.Metrics('o').maxY);
+    EXPECT_LT(font.Metrics('x').maxY, 30);
+}
+
+TEST(BundledFont, IsWhatTheConverterMakesOfRomanSimplex) {
+    const std::filesystem::path source = "/usr/share/hershey-fonts/rowmans.jhf";
+    if (!std::filesystem::exists(source)) {
+        GTEST_SKIP() << "hershey-fonts-data is not installed";
+    }
+    std::ifstream in(source, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    EXPECT_EQ(hershey::ConvertJhf(text), ReadBytes(CommittedFont()));
+}
+
+#if !defined(_WIN32)
+TEST(DefaultFontfile, NamesTheBundledFontFoundFromTheBuildTree) {
+    const std::string fontfile = DefaultFontfile();
+    EXPECT_LE(fontfile.size(), 60U);
+    const std::filesystem::path resolved = ResolveFontfile(fontfile);
+    ASSERT_TRUE(std::filesystem::is_regular_file(resolved)) << resolved;
+    EXPECT_EQ(ReadBytes(resolved), ReadBytes(CommittedFont()));
+
+    RecordingMessages messages;
+    StrokeFont font;
+    EXPECT_TRUE(font.Load(fontfile, messages));
+    EXPECT_TRUE(messages.Entries().empty());
+    EXPECT_EQ(font.LastChar(), 126);
+}
+#endif
+
+#if defined(__linux__)
+TEST(DefaultFontfile, ExecutableDirHoldsTheRunningTest) {
+    EXPECT_TRUE(std::filesystem::exists(ExecutableDir() / "zantor_font_tests"));
+}
+#endif
+
+TEST(DefaultFontfile, PathsWithAFolderAreTakenAsTheyAre) {
+    EXPECT_EQ(ResolveFontfile("/opt/pads/romansim.fnt"), "/opt/pads/romansim.fnt");
+    EXPECT_EQ(ResolveFontfile("fonts/romans.fnt"), "fonts/romans.fnt");
+    EXPECT_EQ(ResolveFontfile("c:\\padspwr\\powerpcb\\romansim.fnt"),
+              "c:\\padspwr\\powerpcb\\romansim.fnt");
+    EXPECT_EQ(ResolveFontfile("no-such-font.fnt"), "no-such-font.fnt");
+    EXPECT_EQ(ResolveFontfile(""), "");
+
+    // A user's own font wins over the bundled one when the setting names it.
+    test::TempDir dir;
+    const auto own = dir.WriteFile("ROMANSIM.FNT", std::string(30, '\x13'));
+    RecordingMessages messages;
+    StrokeFont font;
+    ASSERT_TRUE(font.Load(own.string(), messages));
+    EXPECT_EQ(font.H6(), 0x13);
+}
+
+}  // namespace
+}  // namespace zantor

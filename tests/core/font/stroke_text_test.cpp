@@ -1,0 +1,127 @@
+#include "font/stroke_text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "common/errors.h"
+#include "core/font/font_builder.h"
+
+namespace zantor {
+namespace {
+
+using test::SampleFont;
+
+struct Stroke {
+    bool line = false;  // false: a move
+    double x = 0;
+    double y = 0;
+};
+
+class RecordingSink : public StrokeSink {
+  public:
+    void MoveTo(double x, double y) override { strokes.push_back({false, x, y}); }
+    void LineTo(double x, double y) override { strokes.push_back({true, x, y}); }
+    std::vector<Stroke> strokes;
+};
+
+// Compares the recorded moves and lines with the expected ones, 1e-9 apart at most.
+void ExpectStrokes(const std::vector<Stroke>& actual, const std::vector<Stroke>& expected) {
+    ASSERT_EQ(actual.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(actual[i].line, expected[i].line) << "stroke " << i;
+        EXPECT_NEAR(actual[i].x, expected[i].x, 1e-9) << "stroke " << i;
+        EXPECT_NEAR(actual[i].y, expected[i].y, 1e-9) << "stroke " << i;
+    }
+}
+
+StrokeFont FontOf(int h6) {
+    StrokeFont font;
+    font.LoadBytes(SampleFont(h6));
+    return font;
+}
+
+// At size 60.8 a font unit is 2 library units vertically, and horizontally with H6 = 16.
+constexpr double kSize = 60.8;
+
+TEST(StrokeText, GlyphPointsFromTheBaselineWithPenUps) {
+    const StrokeFont font = FontOf(16);
+    RecordingSink sink;
+    DrawStrokeText(font, sink, false, "A", 100, 50, 0, kSize);
+    ExpectStrokes(
+        sink.strokes,
+        {{false, 100, 50}, {true, 110, 90}, {true, 120, 50}, {false, 104, 66}, {true, 116, 66}});
+}
+
+TEST(StrokeText, IgnoredPairsKeepThePenDown) {
+    const StrokeFont font = FontOf(16);
+    RecordingSink sink;
+    DrawStrokeText(font, sink, false, "B", 0, 0, 0, kSize);
+    ExpectStrokes(sink.strokes, {{false, 0, 0}, {true, 8, 8}});
+}
+
+TEST(StrokeText, HorizontalFactorIs16OverH6) {
+    const StrokeFont font = FontOf(32);
+    RecordingSink sink;
+    DrawStrokeText(font, sink, false, "B", 0, 0, 0, kSize);
+    ExpectStrokes(sink.strokes, {{false, 0, 0}, {true, 4, 8}});
+}
+
+TEST(StrokeText, AdvanceIsThe16BitWidthPlus4) {
+    const StrokeFont font = FontOf(16);
+    RecordingSink sink;
+    // 'A' advances (0x112 + 4) * 2 = 556, the space (10 + 4) * 2 = 28 without drawing.
+    DrawStrokeText(font, sink, false, "A B", 0, 0, 0, kSize);
+    ASSERT_EQ(sink.strokes.size(), 7U);
+    ExpectStrokes({sink.strokes.begin() + 5, sink.strokes.end()},
+                  {{false, 584, 0}, {true, 592, 8}});
+}
+
+TEST(StrokeText, RotationTurnsGlyphsAndAdvance) {
+    const StrokeFont font = FontOf(16);
+    RecordingSink sink;
+    DrawStrokeText(font, sink, false, "BB", 10, 20, 90, kSize);
+    // The baseline points up: x offsets become y, heights go to the left.
+    ExpectStrokes(sink.strokes, {{false, 10, 20}, {true, 2, 28}, {false, 10, 40}, {true, 2, 48}});
+}
+
+TEST(StrokeText, MirroredTextRunsLeft) {
+    const StrokeFont font = FontOf(16);
+    RecordingSink sink;
+    DrawStrokeText(font, sink, true, "BB", 0, 0, 0, kSize);
+    ExpectStrokes(sink.strokes, {{false, 0, 0}, {true, -8, 8}, {false, -20, 0}, {true, -28, 8}});
+}
+
+TEST(StrokeText, CharactersOutsideTheFontDrawAsUnderscore) {
+    const StrokeFont font = FontOf(16);
+    for (const std::string text : {"\x01", "\x7F", "\x80", "\xC4", "\xFF", "_"}) {
+        RecordingSink sink;
+        DrawStrokeText(font, sink, false, text, 0, 0, 0, kSize);
+        ExpectStrokes(sink.strokes, {{false, 0, -4}, {true, 24, -4}});
+    }
+}
+
+TEST(StrokeText, DrawsTheFirst80Characters) {
+    const StrokeFont font = FontOf(16);
+    RecordingSink sink;
+    DrawStrokeText(font, sink, false, std::string(81, 'B'), 0, 0, 0, kSize);
+    ASSERT_EQ(sink.strokes.size(), 160U);
+    EXPECT_NEAR(sink.strokes.back().x, 79 * 20 + 8, 1e-9);
+}
+
+TEST(StrokeText, BrokenFontsEndTheTextWithARangeError) {
+    RecordingSink sink;
+    const StrokeFont h6Zero = FontOf(0);
+    EXPECT_THROW(DrawStrokeText(h6Zero, sink, false, "A", 0, 0, 0, kSize), RangeError);
+    EXPECT_TRUE(sink.strokes.empty());
+
+    auto bytes = SampleFont(16);
+    bytes.resize(bytes.size() - 1);  // cuts the last glyph's end mark
+    StrokeFont cut;
+    cut.LoadBytes(bytes);
+    EXPECT_THROW(DrawStrokeText(cut, sink, false, "g", 0, 0, 0, kSize), RangeError);
+}
+
+}  // namespace
+}  // namespace zantor
