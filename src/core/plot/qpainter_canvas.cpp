@@ -1,0 +1,158 @@
+#include "plot/qpainter_canvas.h"
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QPainterPath>
+#include <QPolygonF>
+#include <QString>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace zantor {
+namespace {
+
+QColor ToQColor(Colour colour) {
+    const auto value = static_cast<std::uint32_t>(colour);
+    return QColor(static_cast<int>(value & 0xFF), static_cast<int>((value >> 8) & 0xFF),
+                  static_cast<int>((value >> 16) & 0xFF));
+}
+
+Qt::PenStyle ToQtStyle(PenStyle style) {
+    switch (style) {
+        case PenStyle::Solid:
+            return Qt::SolidLine;
+        case PenStyle::Dash:
+            return Qt::DashLine;
+        case PenStyle::Dot:
+            return Qt::DotLine;
+        case PenStyle::DashDot:
+            return Qt::DashDotLine;
+        case PenStyle::DashDotDot:
+            return Qt::DashDotDotLine;
+        case PenStyle::Clear:
+            return Qt::NoPen;
+    }
+    return Qt::SolidLine;
+}
+
+QRectF Box(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2) {
+    return QRectF(QPointF(std::min(x1, x2), std::min(y1, y2)),
+                  QPointF(std::max(x1, x2), std::max(y1, y2)));
+}
+
+// Angles in degrees into (0, 360]: equal rays mean a whole turn.
+double TurnFrom(double degrees) {
+    double turn = std::fmod(degrees, 360.0);
+    if (turn <= 0) {
+        turn += 360.0;
+    }
+    return turn;
+}
+
+// The angle QPainterPath uses for the point of the ellipse in `box` on the ray from the box
+// centre towards `towards`. Qt counts angles with y pointing down in the painter's units
+// (positive turns from 3 o'clock towards smaller y) and along the ellipse's parameter.
+double QtAngleOfRay(const QRectF& box, QPointF towards) {
+    const QPointF d = towards - box.center();
+    const double rx = box.width() > 0 ? box.width() / 2 : 1.0;
+    const double ry = box.height() > 0 ? box.height() / 2 : 1.0;
+    return std::atan2(-d.y() / ry, d.x() / rx) * 180.0 / std::numbers::pi;
+}
+
+}  // namespace
+
+QPainterCanvas::QPainterCanvas(QPainter& painter, CanvasMapping mapping)
+    : painter_(painter), mapping_(mapping) {
+    if (mapping_ == CanvasMapping::Hundredths) {
+        const QPaintDevice* device = painter_.device();
+        const double sx = device != nullptr ? device->logicalDpiX() / 2540.0 : 1.0;
+        const double sy = device != nullptr ? device->logicalDpiY() / 2540.0 : 1.0;
+        painter_.setWorldTransform(QTransform::fromScale(sx, -sy), true);
+    }
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+}
+
+void QPainterCanvas::UsePen() {
+    QPen pen(ToQColor(PenColour()), PenWidth(), ToQtStyle(PenStyleNow()), Qt::RoundCap,
+             Qt::RoundJoin);
+    pen.setCosmetic(false);
+    painter_.setPen(pen);
+}
+
+void QPainterCanvas::UsePenAndFill() {
+    UsePen();
+    if (FillStyleNow() == FillStyle::Solid) {
+        painter_.setBrush(ToQColor(FillColour()));
+    } else {
+        painter_.setBrush(Qt::NoBrush);
+    }
+}
+
+void QPainterCanvas::MoveTo(std::int32_t x, std::int32_t y) {
+    position_ = QPointF(x, y);
+}
+
+void QPainterCanvas::LineTo(std::int32_t x, std::int32_t y) {
+    UsePen();
+    const QPointF to(x, y);
+    painter_.drawLine(position_, to);
+    position_ = to;
+}
+
+void QPainterCanvas::Arc(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
+                         std::int32_t sx, std::int32_t sy, std::int32_t ex, std::int32_t ey) {
+    const QRectF box = Box(x1, y1, x2, y2);
+    const double start = QtAngleOfRay(box, QPointF(sx, sy));
+    const double end = QtAngleOfRay(box, QPointF(ex, ey));
+    // Counter-clockwise on the page: with y down Qt's positive turn is it; with the y-up
+    // mapping the page is Qt's picture upside down, so the turn runs the other way.
+    const double span =
+        mapping_ == CanvasMapping::Pixels ? TurnFrom(end - start) : -TurnFrom(start - end);
+    QPainterPath path;
+    path.arcMoveTo(box, start);
+    path.arcTo(box, start, span);
+    UsePen();
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawPath(path);
+}
+
+void QPainterCanvas::RoundRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
+                               std::int32_t cornerWidth, std::int32_t cornerHeight) {
+    const QRectF box = Box(x1, y1, x2, y2);
+    const double rx = std::clamp(std::abs(cornerWidth) / 2.0, 0.0, box.width() / 2);
+    const double ry = std::clamp(std::abs(cornerHeight) / 2.0, 0.0, box.height() / 2);
+    UsePenAndFill();
+    painter_.drawRoundedRect(box, rx, ry, Qt::AbsoluteSize);
+}
+
+void QPainterCanvas::Polygon(std::span<const DevicePoint> points) {
+    QPolygonF polygon;
+    polygon.reserve(static_cast<qsizetype>(points.size()));
+    for (const DevicePoint& point : points) {
+        polygon << QPointF(point.x, point.y);
+    }
+    UsePenAndFill();
+    painter_.drawPolygon(polygon, Qt::OddEvenFill);
+}
+
+void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
+                          std::string_view fontName, std::int32_t height) {
+    // Text is laid out in the device's own pixels so that it stays upright on the y-up mapping.
+    const QTransform world = painter_.worldTransform();
+    const QPointF topLeft = world.map(QPointF(x, y));
+    const double pixels = std::abs(height) * std::hypot(world.m21(), world.m22());
+    QFont font(QString::fromLatin1(fontName.data(), static_cast<qsizetype>(fontName.size())));
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
+
+    painter_.save();
+    painter_.setWorldTransform(QTransform());
+    painter_.setFont(font);
+    painter_.setPen(ToQColor(TextColour()));
+    const QFontMetricsF metrics(font, painter_.device());
+    painter_.drawText(QPointF(topLeft.x(), topLeft.y() + metrics.ascent()),
+                      QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    painter_.restore();
+}
+
+}  // namespace zantor

@@ -1,0 +1,46 @@
+#pragma once
+
+// The canvas over a QPainter: the one drawing path for the printer, PDF, SVG and PNG files, the
+// preview window and the view box.
+
+#include <QPainter>
+#include <QPointF>
+
+#include "plot/plot_canvas.h"
+
+namespace zantor {
+
+enum class CanvasMapping : std::uint8_t {
+    // Device units of 0.01 mm with y pointing up from the top edge of the painter's area, so
+    // that positions on the page are negative: the printer's mapping.
+    Hundredths,
+    // Device units are the painter's own units (pixels), y pointing down.
+    Pixels,
+};
+
+class QPainterCanvas : public PlotCanvas {
+  public:
+    // `painter` must be active on its device. With Hundredths the canvas puts the 0.01 mm
+    // mapping on top of the painter's transform, from the device's resolution.
+    QPainterCanvas(QPainter& painter, CanvasMapping mapping);
+
+    void MoveTo(std::int32_t x, std::int32_t y) override;
+    void LineTo(std::int32_t x, std::int32_t y) override;
+    void Arc(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, std::int32_t sx,
+             std::int32_t sy, std::int32_t ex, std::int32_t ey) override;
+    void RoundRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2,
+                   std::int32_t cornerWidth, std::int32_t cornerHeight) override;
+    void Polygon(std::span<const DevicePoint> points) override;
+    void Text(std::int32_t x, std::int32_t y, std::string_view text, std::string_view fontName,
+              std::int32_t height) override;
+
+  private:
+    void UsePen();
+    void UsePenAndFill();
+
+    QPainter& painter_;
+    CanvasMapping mapping_;
+    QPointF position_;
+};
+
+}  // namespace zantor

@@ -1,0 +1,87 @@
+#pragma once
+
+// The field layout of the piece and text lines of a decal record. Every reader of those lines
+// goes through here, so that a file dialect with other fields changes this file only.
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "library/decal_record.h"
+
+namespace zantor {
+
+// Takes blank-separated words off the front of a line with the shared word operations and
+// converts them. A number that does not convert is a ConversionError (a RangeError when it is too
+// large) naming the line; a missing word reads as 0.
+class FieldReader {
+  public:
+    // `lineNumber` is the line's number in its file (0 when unknown), for the error message.
+    FieldReader(std::string_view line, long lineNumber) : rest_(line), lineNumber_(lineNumber) {}
+
+    std::string_view Word();
+    double Real();
+    std::int32_t Whole();
+    // The whole number of the next word, or nullopt when the line has no word left.
+    std::optional<std::int32_t> OptionalWhole();
+    // What is left of the line after the last word and the one blank after it, without trailing
+    // blanks (blanks after that first one stay).
+    std::string_view Rest();
+
+  private:
+    std::string_view rest_;
+    long lineNumber_;
+};
+
+// The file line number of body line `index` of `record` (0 when the record does not know).
+long BodyLineNumber(const DecalRecord& record, std::size_t index);
+// Body line `index` of `record`, or "" past its end.
+const std::string& BodyLine(const DecalRecord& record, std::size_t index);
+
+struct PieceHeader {
+    std::string keyword;
+    std::int32_t corners = 0;
+    double width = 0;  // library units
+    std::int32_t layer = 0;
+    std::optional<std::int32_t> pin;  // only read when the caller asks for it
+};
+
+// The keyword alone, read before the other fields so that an unknown piece is reported even when
+// its fields are not numbers.
+std::string ReadPieceKeyword(const DecalRecord& record, std::size_t index);
+// Keyword and corner count only (what walking the pieces needs).
+PieceHeader ReadPieceCornerCount(const DecalRecord& record, std::size_t index);
+// All fields; `readPin`: whether a pin number may follow the layer.
+PieceHeader ReadPieceHeader(const DecalRecord& record, std::size_t index, bool readPin);
+
+struct PieceCorner {
+    double x = 0;
+    double y = 0;
+    double startAngle = 0;
+    double sweep = 0;  // degrees, positive counter-clockwise
+    // The box of the arc's circle; read only when an angle is not 0.
+    double x1 = 0;
+    double y1 = 0;
+    double x2 = 0;
+    double y2 = 0;
+
+    bool StartsArc() const { return startAngle != 0 || sweep != 0; }
+};
+
+PieceCorner ReadPieceCorner(const DecalRecord& record, std::size_t index);
+
+struct TextHeader {
+    double x = 0;
+    double y = 0;
+    double rotation = 0;
+    std::int32_t layer = 0;
+    double size = 0;
+    double lineWidth = 0;  // library units
+    bool mirror = false;
+};
+
+TextHeader ReadTextHeader(const DecalRecord& record, std::size_t index);
+
+}  // namespace zantor

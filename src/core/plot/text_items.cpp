@@ -1,0 +1,81 @@
+#include "plot/text_items.h"
+
+#include <algorithm>
+
+#include "library/words.h"
+#include "plot/record_fields.h"
+
+namespace zantor {
+namespace {
+
+std::string NameSlot(std::string_view word) {
+    return std::string(word.substr(0, kNameSlotLength));
+}
+
+// The comment number of a layer-30 text ("@@1 ..." to "@@9 ..."), or 0 when the text is not a
+// comment line and is drawn as an ordinary text.
+int CommentNumber(const TextHeader& header, std::string_view text) {
+    if (header.layer != kCommentLayer || text.size() <= 4 || text.substr(0, 2) != "@@") {
+        return 0;
+    }
+    return text[2] >= '1' && text[2] <= '9' ? text[2] - '0' : 0;
+}
+
+double CommentLineY(const TextItemsPage& page, int n) {
+    return page.commentTop - 4 * (page.commentBase + n);
+}
+
+}  // namespace
+
+TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
+                              const TextItemsPage& page) {
+    TextItemsResult result;
+    std::size_t at = record.firstText;
+    for (int item = 0; item < record.counts.texts && at < record.lines.size(); ++item, at += 2) {
+        const TextHeader header = ReadTextHeader(record, at);
+        const std::string& text = BodyLine(record, at + 1);
+        const long textLineNumber = BodyLineNumber(record, at + 1);
+
+        if (text.starts_with("$ ")) {
+            FieldReader reader(text, textLineNumber);
+            result.nameSlot = NameSlot(reader.Word());
+            result.labelValue = reader.Real();
+            continue;
+        }
+
+        if (const int n = CommentNumber(header, text); n > 0) {
+            const Colour colour = frame.PenFor(kPenFormText, 0);
+            if (!page.decalRun || !page.printComments || colour == kNotPlotted) {
+                continue;  // a comment that is not listed is not drawn as text either
+            }
+            frame.SetColour(colour);
+            result.largestComment = std::max(result.largestComment, n);
+            FieldReader reader(text, textLineNumber);
+            result.nameSlot = NameSlot(reader.Word());
+            frame.PageText(reader.Rest(), 3.0, CommentLineY(page, n) + 1, 3.0, page.commentFont);
+            continue;
+        }
+
+        const Colour colour = frame.PenFor(kPenText, header.layer);
+        if (colour == kNotPlotted) {
+            continue;
+        }
+        frame.SetColour(colour);
+        frame.StrokeText(font, header.mirror, TrimBlanks(text), header.x, header.y, header.rotation,
+                         header.size, header.lineWidth * frame.UnitFactor);
+    }
+
+    if (result.largestComment > 0) {
+        const Colour colour = frame.PenFor(kPenFormLine, 0);
+        if (colour != kNotPlotted) {
+            frame.SetColour(colour);
+            frame.SetPenWidth(0.25);
+            const double y = CommentLineY(page, result.largestComment);
+            frame.PageMoveTo(0, y);
+            frame.PageLineTo(page.rightLimit, y);
+        }
+    }
+    return result;
+}
+
+}  // namespace zantor
