@@ -1,0 +1,356 @@
+#include "library/pad_stacks.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "common/errors.h"
+#include "library/words.h"
+
+namespace zantor {
+namespace {
+
+constexpr double kMillimetresPerMil = 0.0254;
+constexpr double kMilsPerMillimetre = 39.37008;
+constexpr std::size_t kShapeLength = 2;
+constexpr std::size_t kPlatedLength = 1;
+constexpr std::size_t kMeasureLength = 7;
+
+// The fields that follow the shape word of a stack line.
+struct ShapeFields {
+    bool finger = false;  // orientation, length or inner diameter, offset or spoke width
+    bool spokeCount = false;
+    bool innerDiameter = false;
+};
+
+ShapeFields FieldsOfShape(std::string_view shape) {
+    ShapeFields fields;
+    bool thermal = shape == "RT" || shape == "ST";
+    fields.finger = thermal || shape == "OF" || shape == "RF";
+    fields.spokeCount = thermal;
+    fields.innerDiameter = shape == "A";
+    return fields;
+}
+
+// The words of one body line of a decal, taken off from the front. Failed conversions name the
+// decal and the line, since that is what a person has to find in the file.
+class LineFields {
+  public:
+    LineFields(const DecalRecord& record, std::size_t index)
+        : record_(record), rest_(record.lines[index]), lineNumber_(record.LineNumberOf(index)) {}
+
+    void Skip() { TakeWord(rest_); }
+
+    std::string Text(std::size_t maxLength) {
+        return std::string(CutTo(TakeWord(rest_), maxLength));
+    }
+
+    double Real() {
+        return Converted(TakeWord(rest_), [](std::string_view word) { return RealNumber(word); });
+    }
+
+    template <typename Integer>
+    Integer Whole() {
+        std::string_view word = TakeWord(rest_);
+        long long value = Converted(word, [](std::string_view w) { return WholeNumber(w); });
+        if (value < std::numeric_limits<Integer>::min() ||
+            value > std::numeric_limits<Integer>::max()) {
+            throw RangeError(Where() + "\"" + std::string(word) + "\" is out of range",
+                             record_.fileName, lineNumber_);
+        }
+        return static_cast<Integer>(value);
+    }
+
+  private:
+    // The file and line travel in the error itself.
+    std::string Where() const { return "Pad stack of decal \"" + record_.name + "\": "; }
+
+    template <typename Convert>
+    std::invoke_result_t<Convert, std::string_view> Converted(std::string_view word,
+                                                              Convert convert) const {
+        try {
+            return convert(word);
+        } catch (const ConversionError& error) {
+            throw ConversionError(Where() + error.message(), record_.fileName, lineNumber_);
+        } catch (const RangeError& error) {
+            throw RangeError(Where() + error.message(), record_.fileName, lineNumber_);
+        }
+    }
+
+    const DecalRecord& record_;
+    std::string_view rest_;
+    long lineNumber_;
+};
+
+// Reads one stack header: the pin, the number of lines and (by the file dialect) the drill.
+PadStackEntry ReadStackHeader(LineFields& fields, DrillPlace drillPlace, long long& lineCount) {
+    PadStackEntry header;
+    fields.Skip();  // "PAD": the counts frame the blocks, so the keyword is not checked
+    header.pin = fields.Whole<std::int32_t>();
+    header.pinLast = header.pin;
+    lineCount = fields.Whole<long long>();
+    if (drillPlace == DrillPlace::StackHeader) {
+        header.plated = fields.Text(kPlatedLength);
+        header.drill = fields.Real();
+        header.drillOri = fields.Real();
+        header.drillLength = fields.Real();
+        header.drillOffset = fields.Real();
+    }
+    return header;
+}
+
+PadStackEntry ReadStackLine(LineFields& fields, DrillPlace drillPlace,
+                            const PadStackEntry& header) {
+    PadStackEntry entry = header;
+    entry.layer = fields.Whole<std::int32_t>();
+    entry.size = fields.Real();
+    entry.shape = fields.Text(kShapeLength);
+    ShapeFields shape = FieldsOfShape(entry.shape);
+    if (shape.finger) {
+        entry.ori = fields.Real();
+        entry.lenOrInner = fields.Real();
+        entry.offsetOrSpoke = fields.Real();
+    }
+    if (shape.spokeCount) {
+        entry.spokes = fields.Whole<std::uint16_t>();
+    }
+    if (shape.innerDiameter) {
+        entry.lenOrInner = fields.Real();
+    }
+    if (drillPlace == DrillPlace::EveryStackLine) {
+        entry.drill = fields.Real();
+        entry.plated = fields.Text(kPlatedLength);
+    }
+    return entry;
+}
+
+// Everything but the pin range.
+bool SamePad(const PadStackEntry& a, const PadStackEntry& b) {
+    PadStackEntry other = b;
+    other.pin = a.pin;
+    other.pinLast = a.pinLast;
+    return a == other;
+}
+
+bool SamePads(const PadStackList& list, std::size_t first, std::size_t second, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!SamePad(list[first + i], list[second + i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Fixed-point text that never depends on the locale; a value that rounds to zero has no sign.
+std::string Fixed(double value, int decimals) {
+    std::array<char, 400> buffer{};
+    auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                std::chars_format::fixed, decimals);
+    std::string text(buffer.data(), result.ptr);
+    if (!text.empty() && text.front() == '-' &&
+        text.find_first_not_of("0.", 1) == std::string::npos) {
+        text.erase(0, 1);
+    }
+    return text;
+}
+
+std::string LayerName(std::int32_t layer) {
+    switch (layer) {
+        case -2:
+            return "Top";
+        case -1:
+            return "Int";
+        case 0:
+            return "Bot";
+        default:
+            return std::to_string(layer);
+    }
+}
+
+PadStackTableRow HeaderRow(const PadStackEntry& stack, char unit, const LibraryUnits& units) {
+    PadStackTableRow row;
+    row.stackHeader = true;
+    auto& cells = row.cells;
+    cells.push_back({stack.pin == 0 ? "All" : std::to_string(stack.pin), 4.5, CellAlign::Centre});
+    if (stack.pinLast > stack.pin) {
+        cells.push_back({std::to_string(stack.pinLast), 14.0, CellAlign::Centre});
+    }
+    cells.push_back({"DRL", 22.7, CellAlign::Centre});
+    cells.push_back({FormatMeasure(unit, stack.drill, units), 37.0, CellAlign::Right});
+    cells.push_back({stack.plated == "P" ? "PL" : "NP", 40.0, CellAlign::Left});
+    cells.push_back({Fixed(stack.drillOri, 1), 53.5, CellAlign::Right});
+    if (stack.drillLength > 0.001) {
+        cells.push_back({FormatMeasure(unit, stack.drillLength, units), 66.0, CellAlign::Right});
+        cells.push_back({FormatMeasure(unit, stack.drillOffset, units), 77.0, CellAlign::Right});
+    }
+    return row;
+}
+
+PadStackTableRow LineRow(const PadStackEntry& entry, char unit, const LibraryUnits& units) {
+    PadStackTableRow row;
+    auto& cells = row.cells;
+    cells.push_back({LayerName(entry.layer), 20.0, CellAlign::Left});
+    cells.push_back({FormatMeasure(unit, entry.size, units), 37.0, CellAlign::Right});
+    cells.push_back({entry.shape, 40.0, CellAlign::Left});
+    const std::string& shape = entry.shape;
+    if (shape == "A") {
+        cells.push_back({FormatMeasure(unit, entry.lenOrInner, units), 66.0, CellAlign::Right});
+    } else if (shape == "OF" || shape == "RF" || shape == "RT" || shape == "ST") {
+        cells.push_back({Fixed(entry.ori, 1), 53.5, CellAlign::Right});
+        cells.push_back({FormatMeasure(unit, entry.lenOrInner, units), 66.0, CellAlign::Right});
+        std::string offset = FormatMeasure(unit, entry.offsetOrSpoke, units);
+        if (shape == "RT" || shape == "ST") {
+            offset += "/" + std::to_string(entry.spokes);
+        }
+        cells.push_back({offset, 77.0, CellAlign::Right});
+    }
+    return row;
+}
+
+std::size_t StackEnd(const PadStackList& stacks, std::size_t first) {
+    std::size_t end = first + 1;
+    while (end < stacks.size() && SameStack(stacks[end], stacks[first])) {
+        ++end;
+    }
+    return end;
+}
+
+}  // namespace
+
+PadStackList ReadPadStacks(const DecalRecord& record) {
+    const DrillPlace drillPlace = record.header.dialect.drillPlace;
+    PadStackList list;
+    LineCursor cursor(record, record.firstStack);
+
+    // The stack read before the current one: where its entries start, how many there are and
+    // its pin range (kept apart from the entries, since a stack may have no lines).
+    bool havePrevious = false;
+    std::size_t previousStart = 0;
+    std::size_t previousSize = 0;
+    std::int64_t previousPinLast = 0;
+
+    for (unsigned stack = 0; stack < record.counts.stacks && !cursor.AtEnd(); ++stack) {
+        LineFields headerFields(record, cursor.Position());
+        cursor.Take();
+        long long lineCount = 0;
+        const PadStackEntry header = ReadStackHeader(headerFields, drillPlace, lineCount);
+
+        const std::size_t start = list.size();
+        for (long long line = 0; line < lineCount && !cursor.AtEnd(); ++line) {
+            LineFields fields(record, cursor.Position());
+            cursor.Take();
+            list.push_back(ReadStackLine(fields, drillPlace, header));
+        }
+        const std::size_t size = list.size() - start;
+
+        if (havePrevious && size == previousSize && header.pin == previousPinLast + 1 &&
+            SamePads(list, previousStart, start, size)) {
+            ++previousPinLast;
+            for (std::size_t i = previousStart; i < start; ++i) {
+                list[i].pinLast = static_cast<std::int32_t>(previousPinLast);
+            }
+            list.resize(start);
+            continue;
+        }
+        havePrevious = true;
+        previousStart = start;
+        previousSize = size;
+        previousPinLast = header.pinLast;
+    }
+    return list;
+}
+
+bool SameStack(const PadStackEntry& a, const PadStackEntry& b) {
+    return a.pin == b.pin && a.pinLast == b.pinLast;
+}
+
+const PadStackEntry* FindStackEntry(const PadStackList& stacks, std::int32_t pin,
+                                    std::int32_t layer) {
+    if (stacks.empty()) {
+        return nullptr;
+    }
+    auto start = std::find_if(stacks.begin(), stacks.end(), [pin](const PadStackEntry& entry) {
+        return entry.pin == pin || (entry.pinLast > 0 && entry.pin <= pin && pin <= entry.pinLast);
+    });
+    if (start == stacks.end()) {
+        start = stacks.begin();  // the default stack
+    }
+    auto found = std::find_if(start, stacks.end(),
+                              [layer](const PadStackEntry& entry) { return entry.layer == layer; });
+    if (found == stacks.end() || !SameStack(*found, *start)) {
+        return nullptr;
+    }
+    return &*found;
+}
+
+LibraryUnits LibraryUnitsOf(const DecalRecord& record) {
+    return {record.unitFactor, record.unitLetter == "I"};
+}
+
+std::string UnitSuffix(char unitChar, bool libraryIsMils) {
+    switch (unitChar) {
+        case 'I':
+            return "mi";
+        case 'M':
+            return "mm";
+        default:
+            return libraryIsMils ? "mi" : "mm";
+    }
+}
+
+std::string FormatMeasure(char unitChar, double value, const LibraryUnits& units) {
+    double shown = 0.0;
+    if (UnitSuffix(unitChar, units.mils) == "mi") {
+        // A decal stored in mils is shown as written, not through a round trip of two factors.
+        shown = units.unitFactor == kMillimetresPerMil
+                    ? value
+                    : value * units.unitFactor * kMilsPerMillimetre;
+    } else {
+        shown = value * units.unitFactor;
+    }
+    std::string text = Fixed(shown, 3).substr(0, kMeasureLength);
+    return text.empty() ? "0" : text;
+}
+
+int PadStackTableLineCount(const PadStackList& stacks) {
+    int lines = 0;
+    for (std::size_t first = 0; first < stacks.size();) {
+        std::size_t end = StackEnd(stacks, first);
+        lines += 1 + static_cast<int>(end - first);
+        first = end;
+    }
+    return lines;
+}
+
+PadStackTable PadStackTableContent(const PadStackList& stacks, int lineCount, char stackUnit,
+                                   const LibraryUnits& units) {
+    PadStackTable table;
+    if (lineCount <= 0) {
+        return table;
+    }
+    table.rowCount = std::min(lineCount, kPadStackTableMaxRows);
+    table.title = "PAD-STACK DEFINITIONS (" + UnitSuffix(stackUnit, units.mils) + ")";
+    table.headings = {
+        {"PIN", 4.5, CellAlign::Centre},     {"RNG", 14.0, CellAlign::Centre},
+        {"LVL", 22.7, CellAlign::Centre},    {"SIZE", 32.5, CellAlign::Centre},
+        {"SH", 41.7, CellAlign::Centre},     {"ORI", 49.5, CellAlign::Centre},
+        {"LEN/ID", 61.5, CellAlign::Centre}, {"OFFSET", 73.0, CellAlign::Centre},
+    };
+    const auto rowsLeft = [&table] { return static_cast<int>(table.rows.size()) < table.rowCount; };
+    for (std::size_t first = 0; first < stacks.size() && rowsLeft();) {
+        std::size_t end = StackEnd(stacks, first);
+        table.rows.push_back(HeaderRow(stacks[first], stackUnit, units));
+        for (std::size_t i = first; i < end && rowsLeft(); ++i) {
+            table.rows.push_back(LineRow(stacks[i], stackUnit, units));
+        }
+        first = end;
+    }
+    return table;
+}
+
+}  // namespace zantor
