@@ -5,6 +5,13 @@ namespace {
 const std::string kNoLine;
 }
 
+long DecalRecord::LineNumberOf(std::size_t index) const {
+    if (headerLineNumber <= 0) {
+        return 0;
+    }
+    return headerLineNumber + 1 + static_cast<long>(index);
+}
+
 const std::string& LineCursor::Peek() const {
     return AtEnd() ? kNoLine : (*lines_)[position_];
 }

@@ -25,12 +25,13 @@ struct DecalCounts {
 };
 
 struct DecalRecord {
-    FileHeader header;           // of the file the record came from
-    std::string name;            // at most kMaxDecalNameLength characters
-    std::string unitLetter;      // as written in the decal header ("I", "M", ...)
-    double unitFactor = 1.0;     // millimetres per file unit
+    FileHeader header;        // of the file the record came from
+    std::string fileName;     // the file the record came from, for messages
+    std::string name;         // at most kMaxDecalNameLength characters
+    std::string unitLetter;   // as written in the decal header ("I", "M", ...)
+    double unitFactor = 1.0;  // millimetres per file unit
     DecalCounts counts;
-    long headerLineNumber = 0;   // 1-based line number of the decal header in its file
+    long headerLineNumber = 0;       // 1-based line number of the decal header in its file
     std::vector<std::string> lines;  // body lines in file order, each cut to kMaxBodyLineLength
 
     // Index into `lines` of the first line of each section, found by walking the body in its
@@ -39,12 +40,19 @@ struct DecalRecord {
     std::size_t firstText = 0;
     std::size_t firstTerminal = 0;
     std::size_t firstStack = 0;
+    // Index just after the last pad-stack line as the counts say: lines.size() when the counts
+    // and the body agree.
+    std::size_t endOfStacks = 0;
+
+    // The 1-based line number in its file of body line `index` (the body follows its header
+    // without a gap); 0 when the header's line number is not known.
+    long LineNumberOf(std::size_t index) const;
 };
 
 // Walks the body lines of a record. Past the end it yields empty lines, so that counts larger
 // than the body leave the cursor at the end of the list.
 class LineCursor {
-public:
+  public:
     LineCursor(const DecalRecord& record, std::size_t position)
         : lines_(&record.lines), position_(position) {}
 
@@ -55,7 +63,7 @@ public:
     // The current line; the cursor moves to the next one.
     const std::string& Take();
 
-private:
+  private:
     const std::vector<std::string>* lines_;
     std::size_t position_;
 };
