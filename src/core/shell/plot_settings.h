@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "shell/default_font.h"
 
@@ -46,6 +47,8 @@ inline constexpr std::int32_t kNotPlotted = 0xFFFFFF;  // white: the item is not
 struct PenRow {
     std::int32_t layer = -1;
     std::array<std::int32_t, kPenKinds + 1> colour{};
+
+    friend bool operator==(const PenRow&, const PenRow&) = default;
 };
 
 using PenTableRows = std::array<PenRow, kPenRows>;
@@ -111,6 +114,12 @@ struct PlotSettings {
     bool ShowDecalName = true;
     bool PrintAttr = false;
     bool PrintComm = false;
+
+    friend bool operator==(const PlotSettings&, const PlotSettings&) = default;
 };
+
+// `text` cut to at most `capacity` characters, the way a text field of the record holds it. Text
+// from the settings store and the dialogs is UTF-8, so a character is never cut in half.
+std::string CutToCapacity(std::string_view text, std::size_t capacity);
 
 }  // namespace zantor
