@@ -126,14 +126,6 @@ TEST(DefaultFontfile, PathsWithAFolderAreTakenAsTheyAre) {
               "c:\\padspwr\\powerpcb\\romansim.fnt");
     EXPECT_EQ(ResolveFontfile("no-such-font.fnt"), "no-such-font.fnt");
     EXPECT_EQ(ResolveFontfile(""), "");
-
-    // A user's own font wins over the bundled one when the setting names it.
-    test::TempDir dir;
-    const auto own = dir.WriteFile("ROMANSIM.FNT", std::string(30, '\x13'));
-    RecordingMessages messages;
-    StrokeFont font;
-    ASSERT_TRUE(font.Load(own.string(), messages));
-    EXPECT_EQ(font.H6(), 0x13);
 }
 
 }  // namespace
