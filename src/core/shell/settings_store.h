@@ -57,7 +57,8 @@ class SettingsStore {
 
     // Writes the changes made so far. In the configuration folder the file is replaced as a
     // whole, so a failed write leaves the earlier file as it was; the failure throws IoError
-    // naming the file.
+    // naming the file. Qt keeps the unwritten changes for the file while the program runs: later
+    // stores of the same file read them, and the next successful save writes them.
     void Sync();
 
   private:
