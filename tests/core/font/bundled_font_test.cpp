@@ -15,7 +15,6 @@
 #include "font/stroke_text.h"
 #include "hershey2fnt/hershey_font.h"
 #include "shell/default_font.h"
-#include "support/test_support.h"
 
 namespace zantor {
 namespace {
@@ -25,13 +24,15 @@ std::vector<std::uint8_t> ReadBytes(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-std::filesystem::path CommittedFont() {
-    return test::SourceDir() / "data" / "fonts" / "romans.fnt";
+// The copy of data/fonts/romans.fnt the build tree holds next to the executables: the file the
+// program itself loads.
+std::filesystem::path BundledFontFile() {
+    return ResolveFontfile("romans.fnt");
 }
 
-StrokeFont CommittedStrokeFont() {
+StrokeFont BundledStrokeFont() {
     StrokeFont font;
-    font.LoadBytes(ReadBytes(CommittedFont()));
+    font.LoadBytes(ReadBytes(BundledFontFile()));
     return font;
 }
 
@@ -54,7 +55,7 @@ class BoundsSink : public StrokeSink {
 };
 
 TEST(BundledFont, HeaderAndKnownMetrics) {
-    const StrokeFont font = CommittedStrokeFont();
+    const StrokeFont font = BundledStrokeFont();
     ASSERT_FALSE(font.Empty());
     EXPECT_EQ(font.H6(), 16);
     EXPECT_EQ(font.LastChar(), 126);
@@ -69,7 +70,7 @@ TEST(BundledFont, HeaderAndKnownMetrics) {
 }
 
 TEST(BundledFont, EveryGlyphDrawsInsideItsCell) {
-    const StrokeFont font = CommittedStrokeFont();
+    const StrokeFont font = BundledStrokeFont();
     // Size 30.4 with H6 = 16: one library unit per font unit.
     for (int code = 33; code <= 126; ++code) {
         BoundsSink sink;
@@ -94,7 +95,7 @@ TEST(BundledFont, IsWhatTheConverterMakesOfRomanSimplex) {
     }
     std::ifstream in(source, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    EXPECT_EQ(hershey::ConvertJhf(text), ReadBytes(CommittedFont()));
+    EXPECT_EQ(hershey::ConvertJhf(text), ReadBytes(BundledFontFile()));
 }
 
 #if !defined(_WIN32)
@@ -103,7 +104,7 @@ TEST(DefaultFontfile, NamesTheBundledFontFoundFromTheBuildTree) {
     EXPECT_LE(fontfile.size(), 60U);
     const std::filesystem::path resolved = ResolveFontfile(fontfile);
     ASSERT_TRUE(std::filesystem::is_regular_file(resolved)) << resolved;
-    EXPECT_EQ(ReadBytes(resolved), ReadBytes(CommittedFont()));
+    EXPECT_EQ(resolved.parent_path(), ExecutableDir().parent_path() / "share" / "zantor");
 
     RecordingMessages messages;
     StrokeFont font;
