@@ -7,21 +7,24 @@
 
 namespace zantor {
 
+FieldReader::FieldReader(const DecalRecord& record, std::size_t index)
+    : FieldReader(BodyLine(record, index), record.fileName, record.LineNumberOf(index)) {}
+
 std::string_view FieldReader::Word() {
     return TakeWord(rest_);
 }
 
 double FieldReader::Real() {
-    return RealNumber(Word(), TextPlace{{}, lineNumber_});
+    return RealNumber(Word(), TextPlace{file_, lineNumber_});
 }
 
 std::int32_t FieldReader::Whole() {
     const std::string_view word = Word();
-    const long long value = WholeNumber(word, TextPlace{{}, lineNumber_});
+    const long long value = WholeNumber(word, TextPlace{file_, lineNumber_});
     if (value < std::numeric_limits<std::int32_t>::min() ||
         value > std::numeric_limits<std::int32_t>::max()) {
-        throw RangeError("\"" + std::string(word) + "\" is too large for a whole number", {},
-                         lineNumber_);
+        throw RangeError("\"" + std::string(word) + "\" is too large for a whole number",
+                         std::string(file_), lineNumber_);
     }
     return static_cast<std::int32_t>(value);
 }
@@ -41,26 +44,18 @@ std::string_view FieldReader::Rest() {
     return rest;
 }
 
-long BodyLineNumber(const DecalRecord& record, std::size_t index) {
-    // The body lines of a record follow its header line without gaps.
-    if (record.headerLineNumber <= 0) {
-        return 0;
-    }
-    return record.headerLineNumber + 1 + static_cast<long>(index);
-}
-
 const std::string& BodyLine(const DecalRecord& record, std::size_t index) {
     static const std::string kNoLine;
     return index < record.lines.size() ? record.lines[index] : kNoLine;
 }
 
 std::string ReadPieceKeyword(const DecalRecord& record, std::size_t index) {
-    FieldReader reader(BodyLine(record, index), BodyLineNumber(record, index));
+    FieldReader reader(record, index);
     return std::string(reader.Word());
 }
 
 PieceHeader ReadPieceCornerCount(const DecalRecord& record, std::size_t index) {
-    FieldReader reader(BodyLine(record, index), BodyLineNumber(record, index));
+    FieldReader reader(record, index);
     PieceHeader header;
     header.keyword = std::string(reader.Word());
     header.corners = reader.Whole();
@@ -68,7 +63,7 @@ PieceHeader ReadPieceCornerCount(const DecalRecord& record, std::size_t index) {
 }
 
 PieceHeader ReadPieceHeader(const DecalRecord& record, std::size_t index, bool readPin) {
-    FieldReader reader(BodyLine(record, index), BodyLineNumber(record, index));
+    FieldReader reader(record, index);
     PieceHeader header;
     header.keyword = std::string(reader.Word());
     header.corners = reader.Whole();
@@ -81,7 +76,7 @@ PieceHeader ReadPieceHeader(const DecalRecord& record, std::size_t index, bool r
 }
 
 PieceCorner ReadPieceCorner(const DecalRecord& record, std::size_t index) {
-    FieldReader reader(BodyLine(record, index), BodyLineNumber(record, index));
+    FieldReader reader(record, index);
     PieceCorner corner;
     corner.x = reader.Real();
     corner.y = reader.Real();
@@ -97,7 +92,7 @@ PieceCorner ReadPieceCorner(const DecalRecord& record, std::size_t index) {
 }
 
 TextHeader ReadTextHeader(const DecalRecord& record, std::size_t index) {
-    FieldReader reader(BodyLine(record, index), BodyLineNumber(record, index));
+    FieldReader reader(record, index);
     TextHeader header;
     header.x = reader.Real();
     header.y = reader.Real();

@@ -18,8 +18,12 @@ namespace zantor {
 // large) naming the line; a missing word reads as 0.
 class FieldReader {
   public:
-    // `lineNumber` is the line's number in its file (0 when unknown), for the error message.
-    FieldReader(std::string_view line, long lineNumber) : rest_(line), lineNumber_(lineNumber) {}
+    // `file` and `lineNumber` say where the line stands (empty and 0 when unknown), for the error
+    // message.
+    FieldReader(std::string_view line, std::string_view file, long lineNumber)
+        : rest_(line), file_(file), lineNumber_(lineNumber) {}
+    // Body line `index` of `record` (an empty line past its end).
+    FieldReader(const DecalRecord& record, std::size_t index);
 
     std::string_view Word();
     double Real();
@@ -32,11 +36,10 @@ class FieldReader {
 
   private:
     std::string_view rest_;
+    std::string_view file_;
     long lineNumber_;
 };
 
-// The file line number of body line `index` of `record` (0 when the record does not know).
-long BodyLineNumber(const DecalRecord& record, std::size_t index);
 // Body line `index` of `record`, or "" past its end.
 const std::string& BodyLine(const DecalRecord& record, std::size_t index);
 

@@ -31,13 +31,14 @@ TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const
                               const TextItemsPage& page) {
     TextItemsResult result;
     std::size_t at = record.firstText;
-    for (int item = 0; item < record.counts.texts && at < record.lines.size(); ++item, at += 2) {
+    const std::size_t linesPerText = std::max<std::size_t>(record.header.dialect.linesPerText, 2);
+    for (int item = 0; item < record.counts.texts && at < record.lines.size();
+         ++item, at += linesPerText) {
         const TextHeader header = ReadTextHeader(record, at);
         const std::string& text = BodyLine(record, at + 1);
-        const long textLineNumber = BodyLineNumber(record, at + 1);
 
         if (text.starts_with("$ ")) {
-            FieldReader reader(text, textLineNumber);
+            FieldReader reader(record, at + 1);
             result.nameSlot = NameSlot(reader.Word());
             result.labelValue = reader.Real();
             continue;
@@ -50,7 +51,7 @@ TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const
             }
             frame.SetColour(colour);
             result.largestComment = std::max(result.largestComment, n);
-            FieldReader reader(text, textLineNumber);
+            FieldReader reader(record, at + 1);
             result.nameSlot = NameSlot(reader.Word());
             frame.PageText(reader.Rest(), 3.0, CommentLineY(page, n) + 1, 3.0, page.commentFont);
             continue;

@@ -236,10 +236,12 @@ TEST(DrawPieces, AFieldThatIsNotANumberEndsTheDrawingWithItsLine) {
     PlotBench bench;
     DecalRecord record = MakeRecord({"OPEN 2 0.1 1", "0 0", "1O 0"}, 1);
     record.headerLineNumber = 40;
+    record.fileName = "lib.d";
     try {
         DrawPieces(bench.frame, record, true, bench.messages);
         FAIL() << "no error";
     } catch (const ConversionError& error) {
+        EXPECT_EQ(error.file(), "lib.d");
         EXPECT_EQ(error.line(), 43);
     }
 }

@@ -1,0 +1,381 @@
+#include "plot/qpainter_canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+#include "plot/pieces.h"
+#include "plot/plot_frame.h"
+#include "plot/text_items.h"
+#include "support/test_support.h"
+
+namespace zantor {
+namespace {
+
+// Text needs a GUI application for its fonts; the tests run on the offscreen platform.
+QGuiApplication& App() {
+    static int argc = 1;
+    static char name[] = "zantor_plot_tests";
+    static char* argv[] = {name, nullptr};
+    static auto* app = new QGuiApplication(argc, argv);
+    return *app;
+}
+
+QImage WhiteImage(int width, int height, int dotsPerMeter = 3780) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
+    image.fill(Qt::white);
+    return image;
+}
+
+// Whether any pixel within `radius` of (x, y) is not white.
+bool Inked(const QImage& image, int x, int y, int radius = 2) {
+    for (int py = y - radius; py <= y + radius; ++py) {
+        for (int px = x - radius; px <= x + radius; ++px) {
+            if (image.valid(px, py) && image.pixel(px, py) != qRgb(255, 255, 255)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+int InkCount(const QImage& image, int top = 0, int bottom = -1) {
+    if (bottom < 0) {
+        bottom = image.height() - 1;
+    }
+    int count = 0;
+    for (int y = top; y <= bottom; ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            count += image.pixel(x, y) != qRgb(255, 255, 255) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+// The quadrants of a 200 x 200 image round its centre, as seen on the screen.
+struct Quadrants {
+    bool upperRight, upperLeft, lowerLeft, lowerRight;
+};
+
+Quadrants QuadrantsOf(const QImage& image) {
+    return {Inked(image, 171, 29), Inked(image, 29, 29), Inked(image, 29, 171),
+            Inked(image, 171, 171)};
+}
+
+TEST(QPainterCanvas, ArcsRunCounterClockwiseOnTheScreenMapping) {
+    App();
+    QImage east = WhiteImage(200, 200);
+    QImage north = WhiteImage(200, 200);
+    {
+        QPainter painter(&east);
+        QPainterCanvas canvas(painter, CanvasMapping::Pixels);
+        canvas.SetPenWidth(3);
+        canvas.Arc(0, 0, 200, 200, 200, 100, 100, 0);  // east to north (up on the screen)
+    }
+    {
+        QPainter painter(&north);
+        QPainterCanvas canvas(painter, CanvasMapping::Pixels);
+        canvas.SetPenWidth(3);
+        canvas.Arc(0, 0, 200, 200, 100, 0, 200, 100);  // north round the left to east
+    }
+    const Quadrants quarter = QuadrantsOf(east);
+    EXPECT_TRUE(quarter.upperRight);
+    EXPECT_FALSE(quarter.upperLeft || quarter.lowerLeft || quarter.lowerRight);
+    const Quadrants rest = QuadrantsOf(north);
+    EXPECT_FALSE(rest.upperRight);
+    EXPECT_TRUE(rest.upperLeft && rest.lowerLeft && rest.lowerRight);
+}
+
+TEST(QPainterCanvas, ArcsRunCounterClockwiseOnThePrinterMapping) {
+    App();
+    // 254 dots per inch: one device unit of 0.01 mm is a tenth of a pixel; y counts up from the
+    // top edge, so the image lies at negative y.
+    QImage east = WhiteImage(200, 200, 10000);
+    QImage full = WhiteImage(200, 200, 10000);
+    {
+        QPainter painter(&east);
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        canvas.SetPenWidth(30);
+        canvas.Arc(0, 0, 2000, -2000, 2000, -1000, 1000, 0);  // east to north (up the page)
+    }
+    {
+        QPainter painter(&full);
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        canvas.SetPenWidth(30);
+        canvas.Arc(0, 0, 2000, -2000, 2000, -1000, 2000, -1000);  // equal rays: all round
+    }
+    const Quadrants quarter = QuadrantsOf(east);
+    EXPECT_TRUE(quarter.upperRight);
+    EXPECT_FALSE(quarter.upperLeft || quarter.lowerLeft || quarter.lowerRight);
+    const Quadrants all = QuadrantsOf(full);
+    EXPECT_TRUE(all.upperRight && all.upperLeft && all.lowerLeft && all.lowerRight);
+}
+
+TEST(QPainterCanvas, FillsDiscsAndPolygonsInTheFillColour) {
+    App();
+    QImage image = WhiteImage(200, 200);
+    {
+        QPainter painter(&image);
+        QPainterCanvas canvas(painter, CanvasMapping::Pixels);
+        canvas.SetPenWidth(1);
+        canvas.SetFillColour(0x0000FF);  // red
+        canvas.RoundRect(0, 0, 100, 100, 100, 100);
+        canvas.SetFillColour(0xFF0000);  // blue
+        const DevicePoint triangle[] = {{100, 190}, {150, 110}, {199, 190}, {100, 190}};
+        canvas.Polygon(triangle);
+        canvas.SetFillStyle(FillStyle::None);
+        canvas.RoundRect(0, 100, 80, 180, 0, 0);
+    }
+    EXPECT_EQ(image.pixel(50, 50), qRgb(255, 0, 0));
+    EXPECT_FALSE(Inked(image, 4, 4, 1));  // outside the disc in the box's corner
+    EXPECT_EQ(image.pixel(150, 170), qRgb(0, 0, 255));
+    EXPECT_FALSE(Inked(image, 110, 120, 1));
+    EXPECT_TRUE(Inked(image, 0, 140, 1));    // the unfilled box has its border
+    EXPECT_FALSE(Inked(image, 40, 140, 5));  // and nothing inside
+}
+
+TEST(QPainterCanvas, TextHangsFromItsTopLeftCornerAndStaysUprightOnThePrinterMapping) {
+    App();
+    QImage image = WhiteImage(200, 200, 10000);
+    {
+        QPainter painter(&image);
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        // A font nobody has: the system's substitute draws it.
+        canvas.Text(200, -200, "T", "No Such Font Zantor", 1000);
+    }
+    // 100 px high from (20, 20): nothing above or left of the corner.
+    EXPECT_EQ(InkCount(image, 0, 18), 0);
+    int top = -1;
+    int bottom = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        if (InkCount(image, y, y) > 0) {
+            bottom = y;
+            top = top < 0 ? y : top;
+        }
+    }
+    ASSERT_GE(top, 20);
+    ASSERT_LE(bottom, 125);
+    ASSERT_GT(bottom - top, 40);
+    // A "T" the right way up has its bar at the top.
+    const int band = (bottom - top) / 4;
+    EXPECT_GT(InkCount(image, top, top + band), 2 * InkCount(image, bottom - band, bottom));
+}
+
+// A handmade decal in mils: an outline with a rounded corner and a clockwise hump, a copper
+// triangle, a pad disc, a circle and two texts.
+DecalRecord HandmadeDecal() {
+    DecalRecord record;
+    record.unitFactor = 0.0254;
+    record.lines = {
+        "CLOSED 6 10 1",
+        "-800 -500",
+        "800 -500",
+        "800 300 0 90 0 -100 800 700",
+        "400 700",
+        "-800 700",
+        "-800 -500",
+        "OPEN 2 10 1",
+        "-600 0 180 -180 -600 -100 -400 100",
+        "-400 0",
+        "COPCLS 3 10 1",
+        "-300 -300",
+        "0 200",
+        "300 -300",
+        "COPCIR 2 10 1 1",
+        "400 -300",
+        "600 -300",
+        "CIRCLE 2 10 1",
+        "-700 400",
+        "-500 400",
+        "-700 -460 0 1 80 8 N",
+        "ZANTOR 1",
+        "0 0 0 30 50 5 N",
+        "@@1 Handmade decal",
+    };
+    record.counts.pieces = 5;
+    record.counts.texts = 2;
+    record.firstPiece = 0;
+    record.firstText = 20;
+    record.firstTerminal = record.lines.size();
+    record.firstStack = record.lines.size();
+    return record;
+}
+
+struct Sheet {
+    PlotSettings settings;
+    RecordingMessages messages;
+    StrokeFont font;
+
+    Sheet() {
+        PenTableRows& rows = settings.PenTable;
+        rows[0].colour[kPenPads] = 0x00AA00;
+        rows[0].colour[kPenCopper] = 0x0000FF;
+        rows[0].colour[kPenText] = 0xFF0000;
+        const auto path = test::SourceDir() / "data" / "fonts" / "romans.fnt";
+        EXPECT_TRUE(font.Load(path.string(), messages)) << path;
+    }
+
+    // Sets the frame to the decal at 2:1 with its origin at (105, 160) mm of an A4 page.
+    static void Place(PlotFrame& frame) {
+        frame.Scale = 2;
+        frame.UnitFactor = 0.0254;
+        frame.OriginX1 = 105;
+        frame.OriginY1 = 160;
+    }
+
+    void Draw(PlotFrame& frame) {
+        DrawPieces(frame, HandmadeDecal(), false, messages);
+        TextItemsPage page;
+        page.decalRun = true;
+        page.printComments = true;
+        page.commentTop = 60;
+        page.rightLimit = 200;
+        page.commentFont = settings.FormularFont;
+        DrawTextItems(frame, HandmadeDecal(), font, page);
+        DrawPieces(frame, HandmadeDecal(), true, messages);
+    }
+};
+
+// Copies a rendering to $ZANTOR_RENDER_OUT when it is set, to look at it.
+void Keep(const std::filesystem::path& file) {
+    if (const char* out = std::getenv("ZANTOR_RENDER_OUT")) {
+        std::filesystem::copy_file(file, std::filesystem::path(out) / file.filename(),
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+}
+
+TEST(QPainterCanvasRendering, PreviewPngShowsTheDecalTheRightWayUp) {
+    App();
+    test::TempDir dir;
+    Sheet sheet;
+    QImage image = WhiteImage(420, 594);  // A4 at 2 pixels per millimetre
+    RecordingMessages frameMessages;
+    {
+        QPainter painter(&image);
+        QPainterCanvas canvas(painter, CanvasMapping::Pixels);
+        PlotFrame frame(canvas, sheet.settings, frameMessages);
+        Sheet::Place(frame);
+        frame.Surface = PlotSurface::PreviewWindow;
+        frame.MmPerUnitX = 0.5;
+        frame.MmPerUnitY = 0.5;
+        frame.PaintBoxHeight = 594;
+        sheet.Draw(frame);
+
+        // Library points to pixels, through the frame that drew them.
+        auto at = [&](double x, double y) { return std::pair{frame.DevX(x), frame.DevY(y)}; };
+        const auto [discX, discY] = at(500, -300);
+        const auto [triangleX, triangleY] = at(0, -100);
+        const auto [bulgeX, bulgeY] = at(683, 583);  // on the rounded corner
+        const auto [wrongX, wrongY] = at(0, 300);    // where the long way round would pass
+        const auto [humpX, humpY] = at(-500, 100);   // the clockwise hump's top
+        const auto [dipX, dipY] = at(-500, -100);
+        const auto [circleX, circleY] = at(-600, 500);
+        const auto [centreX, centreY] = at(-600, 400);
+        painter.end();
+
+        EXPECT_EQ(image.pixel(discX, discY), qRgb(0, 170, 0));
+        EXPECT_EQ(image.pixel(triangleX, triangleY), qRgb(255, 0, 0));
+        EXPECT_TRUE(Inked(image, bulgeX, bulgeY));
+        EXPECT_FALSE(Inked(image, wrongX, wrongY));
+        EXPECT_TRUE(Inked(image, humpX, humpY));
+        EXPECT_FALSE(Inked(image, dipX, dipY));
+        EXPECT_TRUE(Inked(image, circleX, circleY));
+        EXPECT_FALSE(Inked(image, centreX, centreY));
+        // The comment line stands on 60 - 4 + 1 = 57 mm, 3 mm high, with the separator at 56 mm.
+        EXPECT_EQ(InkCount(image, 594 - 2 * 64, 594 - 2 * 60 - 2), 0);
+        EXPECT_GT(InkCount(image, 594 - 2 * 60, 594 - 2 * 57), 20);
+        EXPECT_TRUE(Inked(image, 300, 594 - 2 * 56, 1));
+    }
+    EXPECT_TRUE(sheet.messages.Entries().empty());
+    const auto file = dir.Path() / "decal-preview.png";
+    ASSERT_TRUE(image.save(QString::fromStdString(file.string())));
+    Keep(file);
+    const QImage back(QString::fromStdString(file.string()));
+    EXPECT_EQ(back.size(), QSize(420, 594));
+    EXPECT_GT(InkCount(back), 2000);
+}
+
+TEST(QPainterCanvasRendering, PrinterMappingDrawsTheSamePageWithYUp) {
+    App();
+    test::TempDir dir;
+    Sheet sheet;
+    QImage image = WhiteImage(827, 1170, 3937);  // A4 at 100 dots per inch
+    RecordingMessages frameMessages;
+    {
+        QPainter painter(&image);
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        PlotFrame frame(canvas, sheet.settings, frameMessages);
+        Sheet::Place(frame);
+        frame.PageHeight = 297;
+        sheet.Draw(frame);
+        // Device units to pixels: 100 / 2540 per unit, y negated.
+        auto at = [&](double x, double y) {
+            return std::pair{static_cast<int>(frame.DevX(x) * 100.0 / 2540),
+                             static_cast<int>(-frame.DevY(y) * 100.0 / 2540)};
+        };
+        const auto [discX, discY] = at(500, -300);
+        const auto [bulgeX, bulgeY] = at(683, 583);
+        const auto [wrongX, wrongY] = at(0, 300);
+        const auto [topX, topY] = at(0, 700);
+        const auto [bottomX, bottomY] = at(0, -500);
+        painter.end();
+        EXPECT_EQ(image.pixel(discX, discY), qRgb(0, 170, 0));
+        EXPECT_TRUE(Inked(image, bulgeX, bulgeY));
+        EXPECT_FALSE(Inked(image, wrongX, wrongY));
+        // The decal's top edge (y = 700) is above its bottom edge on the sheet.
+        EXPECT_LT(topY, bottomY);
+        EXPECT_TRUE(Inked(image, topX, topY));
+        EXPECT_TRUE(Inked(image, bottomX, bottomY));
+    }
+    const auto file = dir.Path() / "decal-printer.png";
+    ASSERT_TRUE(image.save(QString::fromStdString(file.string())));
+    Keep(file);
+}
+
+std::uintmax_t WritePdf(const std::filesystem::path& file, Sheet* sheet) {
+    QPdfWriter writer(QString::fromStdString(file.string()));
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+    writer.setResolution(600);
+    QPainter painter(&writer);
+    QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+    if (sheet != nullptr) {
+        RecordingMessages messages;
+        PlotFrame frame(canvas, sheet->settings, messages);
+        Sheet::Place(frame);
+        frame.PageHeight = 297;
+        sheet->Draw(frame);
+    }
+    painter.end();
+    return std::filesystem::file_size(file);
+}
+
+TEST(QPainterCanvasRendering, PdfHasAnA4PageWithTheDrawingOnIt) {
+    App();
+    test::TempDir dir;
+    Sheet sheet;
+    const auto blank = dir.Path() / "blank.pdf";
+    const auto drawn = dir.Path() / "decal.pdf";
+    const std::uintmax_t blankSize = WritePdf(blank, nullptr);
+    const std::uintmax_t drawnSize = WritePdf(drawn, &sheet);
+    Keep(drawn);
+    EXPECT_GT(drawnSize, blankSize + 1000);
+
+    std::ifstream in(drawn, std::ios::binary);
+    const std::string pdf((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_TRUE(pdf.starts_with("%PDF-"));
+    EXPECT_NE(pdf.find("/MediaBox [0 0 595"), std::string::npos);
+    EXPECT_NE(pdf.find(" 842"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zantor

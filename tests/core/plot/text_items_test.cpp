@@ -1,0 +1,167 @@
+#include "plot/text_items.h"
+
+#include <gtest/gtest.h>
+
+#include "core/plot/plot_test_support.h"
+
+namespace zantor {
+namespace {
+
+using test::MakeRecord;
+using test::PlotBench;
+using Lines = std::vector<std::string>;
+
+// A font of codes 32 to 95 with H6 = 16, so that at size 30.4 one font unit is one library unit
+// both ways. "A" is a stroke from (0, 0) to (4, 0) with an advance of 6, "_" a stroke from
+// (0, -2) to (6, -2); every other code is empty with an advance of 2.
+StrokeFont TinyFont() {
+    constexpr int kLast = 95;
+    constexpr std::size_t kBase = 28 + 4 * (kLast - 30);
+    std::vector<std::uint8_t> bytes(kBase, 0);
+    bytes[6] = 16;
+    bytes[24] = kLast;
+    for (int code = 32; code <= kLast; ++code) {
+        const std::size_t entry = 28 + 4 * static_cast<std::size_t>(code - 32);
+        const int offset = code == 'A' ? 2 : code == '_' ? 8 : 0;
+        bytes[entry] = static_cast<std::uint8_t>(offset);
+        bytes[entry + 2] = code == 'A' ? 6 : 2;
+    }
+    const std::uint8_t strokes[] = {255, 255,                   // empty glyph
+                                    0,   8,   4, 8, 255, 255,   // A
+                                    0,   6,   6, 6, 255, 255};  // _
+    bytes.insert(bytes.end(), std::begin(strokes), std::end(strokes));
+    StrokeFont font;
+    font.LoadBytes(std::move(bytes));
+    return font;
+}
+
+// A record of text items only, each a header line and a text line.
+DecalRecord TextRecord(const std::vector<std::pair<std::string, std::string>>& items) {
+    std::vector<std::string> lines;
+    for (const auto& [header, text] : items) {
+        lines.push_back(header);
+        lines.push_back(text);
+    }
+    return MakeRecord(std::move(lines), 0, static_cast<int>(items.size()), 0);
+}
+
+TextItemsPage ListingPage() {
+    TextItemsPage page;
+    page.decalRun = true;
+    page.printComments = true;
+    page.commentTop = 250;
+    page.commentBase = 2;
+    page.rightLimit = 190;
+    page.commentFont = "Liberation Sans";
+    return page;
+}
+
+TEST(DrawTextItems, OrdinaryTextsAreTrimmedAndDrawnWithTheTextPenOfTheirLayer) {
+    PlotBench bench;
+    bench.settings.PenTable[1].layer = 7;
+    bench.settings.PenTable[1].colour[kPenText] = 0x0000FF;
+    const StrokeFont font = TinyFont();
+    const DecalRecord record = TextRecord({{"1 2 0 1 30.4 0.1 N", "  AA \t"},
+                                           {"1 2 0 7 30.4 0.2 M", "AA"},
+                                           {"1 2 90 1 30.4 0.1", "A"}});
+    const TextItemsResult result = DrawTextItems(bench.frame, record, font, ListingPage());
+    EXPECT_EQ(bench.canvas.Lines(),
+              (Lines{// plain, the second "A" one advance (6 + 4) further
+                     "move 100 200", "line 500 200 pen=000004/10/solid", "move 1100 200",
+                     "line 1500 200 pen=000004/10/solid",
+                     // mirrored, in the layer's own colour, running to the left
+                     "move 100 200", "line -300 200 pen=0000FF/20/solid", "move -900 200",
+                     "line -1300 200 pen=0000FF/20/solid",
+                     // rotated by 90 degrees: the baseline goes up
+                     "move 100 200", "line 100 600 pen=000004/10/solid"}));
+    // No comment line: no separator, nothing left for the title block.
+    EXPECT_EQ(result.largestComment, 0);
+    EXPECT_EQ(result.nameSlot, "");
+}
+
+TEST(DrawTextItems, LineWidthAndPositionsFollowUnitFactorAndScale) {
+    PlotBench bench;
+    bench.frame.UnitFactor = 0.0254;
+    bench.frame.Scale = 2;
+    DrawTextItems(bench.frame, TextRecord({{"0 0 0 1 30.4 10 N", "A"}}), TinyFont(),
+                  TextItemsPage{});
+    // 4 mils at 2:1 is 0.2032 mm; the 10 mil line is 0.508 mm wide.
+    EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 0 0", "line 20 0 pen=000004/51/solid"}));
+}
+
+TEST(DrawTextItems, ATextLayerWithoutPlottedPenIsSkipped) {
+    PlotBench bench;
+    bench.settings.PenTable[0].colour[kPenText] = kNotPlotted;
+    bench.canvas.SetPenColour(0x777777);
+    DrawTextItems(bench.frame, TextRecord({{"1 2 0 3 30.4 0.1 N", "AA"}}), TinyFont(),
+                  ListingPage());
+    EXPECT_TRUE(bench.canvas.Lines().empty());
+    EXPECT_EQ(bench.canvas.PenColour(), 0x777777);
+}
+
+TEST(DrawTextItems, DollarLinesAreKeptForTheTitleBlockAndNotDrawn) {
+    PlotBench bench;
+    const TextItemsResult result = DrawTextItems(
+        bench.frame, TextRecord({{"1 2 0 1 30.4 0.1 N", "$ 12.5 mm"}}), TinyFont(), ListingPage());
+    EXPECT_TRUE(bench.canvas.Lines().empty());
+    EXPECT_EQ(result.nameSlot, "$");
+    EXPECT_EQ(result.labelValue, 12.5);
+}
+
+TEST(DrawTextItems, CommentLinesAreListedOnTheDecalPageWithTheirSeparator) {
+    PlotBench bench;
+    bench.frame.PageHeight = 297;
+    const DecalRecord record = TextRecord({
+        {"0 0 0 30 30.4 0.1 N", "@@3 Third line"},
+        {"0 0 0 30 30.4 0.1 N", "@@1abcdefghijklmnopq First  line  "},
+        {"0 0 0 30 30.4 0.1 N", "@@0 x"},  // no comment number: ordinary text
+        {"0 0 0 20 30.4 0.1 N", "@@2 x"},  // not on the comment layer
+        {"0 0 0 30 30.4 0.1 N", "@@1x"},   // too short
+    });
+    const TextItemsResult result = DrawTextItems(bench.frame, record, TinyFont(), ListingPage());
+    EXPECT_EQ(bench.canvas.Lines(),
+              (Lines{// at 3 mm from the left, lower edges at 231 and 239 mm
+                     R"(text 300 -6300 300 "Liberation Sans" "Third line" colour=000009)",
+                     R"(text 300 -5500 300 "Liberation Sans" "First  line" colour=000009)",
+                     // "x" is beyond the font and drawn as "_" after four empty glyphs
+                     "move 2400 -29900", "line 3000 -29900 pen=000004/10/solid", "move 2400 -29900",
+                     "line 3000 -29900 pen=000004/10/solid", "move 1800 -29900",
+                     "line 2400 -29900 pen=000004/10/solid",
+                     // under the lowest comment slot, across the page
+                     "move 0 -6700", "line 19000 -6700 pen=00000A/25/solid"}));
+    EXPECT_EQ(result.largestComment, 3);
+    EXPECT_EQ(result.nameSlot, "@@1abcdefghijklm");
+}
+
+TEST(DrawTextItems, CommentsOutsideAListingAreNotDrawnAtAll) {
+    const DecalRecord record = TextRecord({{"0 0 0 30 30.4 0.1 N", "@@1 Comment"}});
+    TextItemsPage indexPage = ListingPage();
+    indexPage.decalRun = false;
+    TextItemsPage optionOff = ListingPage();
+    optionOff.printComments = false;
+    for (const TextItemsPage& page : {indexPage, optionOff}) {
+        PlotBench bench;
+        const TextItemsResult result = DrawTextItems(bench.frame, record, TinyFont(), page);
+        EXPECT_TRUE(bench.canvas.Lines().empty());
+        EXPECT_EQ(result.largestComment, 0);
+        EXPECT_EQ(result.nameSlot, "");
+    }
+    PlotBench noFormText;
+    noFormText.settings.PenTable[0].colour[kPenFormText] = kNotPlotted;
+    DrawTextItems(noFormText.frame, record, TinyFont(), ListingPage());
+    EXPECT_TRUE(noFormText.canvas.Lines().empty());
+}
+
+TEST(DrawTextItems, NoSeparatorWithoutAPlottedFormLinePen) {
+    PlotBench bench;
+    bench.settings.PenTable[0].colour[kPenFormLine] = kNotPlotted;
+    const TextItemsResult result =
+        DrawTextItems(bench.frame, TextRecord({{"0 0 0 30 30.4 0.1 N", "@@2 Comment"}}), TinyFont(),
+                      ListingPage());
+    ASSERT_EQ(bench.canvas.Lines().size(), 1u);
+    EXPECT_TRUE(bench.canvas.Lines()[0].starts_with("text "));
+    EXPECT_EQ(result.largestComment, 2);
+}
+
+}  // namespace
+}  // namespace zantor
