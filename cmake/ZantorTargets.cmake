@@ -41,6 +41,7 @@ function(zantor_tests name dir)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARGN} zantor_test_support GTest::gtest GTest::gtest_main
                                           zantor_warnings)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
-        PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ZANTOR_TEST_DATA=${PROJECT_SOURCE_DIR}/tests/data;ZANTOR_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
+    # The fixture folders reach the tests through compile definitions of zantor_test_support
+    # (a semicolon list in ENVIRONMENT does not survive gtest_discover_tests).
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 endfunction()

@@ -16,11 +16,11 @@ std::filesystem::path FromEnv(const char* name, const char* fallback) {
 }  // namespace
 
 std::filesystem::path DataDir() {
-    return FromEnv("ZANTOR_TEST_DATA", "tests/data");
+    return FromEnv("ZANTOR_TEST_DATA", ZANTOR_TEST_DATA_DIR);
 }
 
 std::filesystem::path SourceDir() {
-    return FromEnv("ZANTOR_SOURCE_DIR", ".");
+    return FromEnv("ZANTOR_SOURCE_DIR", ZANTOR_SOURCE_ROOT);
 }
 
 TempDir::TempDir() {
