@@ -1,11 +1,10 @@
 #include <iostream>
 #include <string>
+#include <vector>
+
+#include "command_line.h"
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::string(argv[1]) == "--help") {
-        std::cout << "usage: zantor COMMAND ...\n";
-        return 0;
-    }
-    std::cerr << "usage: zantor COMMAND ... (see zantor --help)\n";
-    return 2;
+    std::vector<std::string> args(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return zantor::RunCommandLine(args, std::cout, std::cerr);
 }

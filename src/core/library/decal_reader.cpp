@@ -79,13 +79,22 @@ std::size_t Skip(std::size_t position, unsigned long long count, std::size_t siz
 
 // The line count that word `wordNumber` (1-based) of a body line gives: corner lines of a piece,
 // stack lines of a pad stack. A negative count has no lines.
-unsigned long long LinesFollowing(const DecalRecord& record, std::size_t index, int wordNumber) {
+unsigned long long LinesFollowing(const DecalRecord& record, std::size_t index, int wordNumber,
+                                  const char* what) {
     std::string_view rest = record.lines[index];
     std::string_view word;
     for (int i = 0; i < wordNumber; ++i) {
         word = TakeWord(rest);
     }
-    long long count = WholeNumber(word, {record.fileName, record.LineNumberOf(index)});
+    const TextPlace place{record.fileName, record.LineNumberOf(index)};
+    long long count = 0;
+    try {
+        count = WholeNumber(word, place);
+    } catch (const ConversionError&) {
+        throw ConversionError(std::string("the ") + what + " of decal " + record.name +
+                                  " is not a number: \"" + std::string(word) + "\"",
+                              record.fileName, place.line);
+    }
     return count < 0 ? 0 : static_cast<unsigned long long>(count);
 }
 
@@ -116,7 +125,8 @@ void LocateSections(DecalRecord& record) {
     }
     record.firstPiece = position;
     for (unsigned piece = 0; piece < counts.pieces && position < size; ++piece) {
-        position = Skip(position + 1, LinesFollowing(record, position, 2), size);
+        position = Skip(position + 1,
+                        LinesFollowing(record, position, 2, "corner count of a piece"), size);
     }
     record.firstText = position;
     position = Skip(position, 1ULL * counts.texts * dialect.linesPerText, size);
@@ -127,7 +137,8 @@ void LocateSections(DecalRecord& record) {
     position = Skip(position, counts.terminals, size);
     record.firstStack = position;
     for (unsigned stack = 0; stack < counts.stacks && position < size; ++stack) {
-        position = Skip(position + 1, LinesFollowing(record, position, 3), size);
+        position = Skip(position + 1,
+                        LinesFollowing(record, position, 3, "line count of a pad stack"), size);
     }
     record.endOfStacks = position;
 }
@@ -243,7 +254,8 @@ void DecalReader::ReadRecord(DecalRecord& record) {
 
 void DecalReader::ReadBody(DecalRecord& record) {
     record.lines.clear();
-    while (Advance() && !IsBlankLine(line_)) {
+    const bool starLineEnds = header_.dialect.starLineEndsRecord;
+    while (Advance() && !IsBlankLine(line_) && !(starLineEnds && line_.starts_with('*'))) {
         record.lines.emplace_back(CutTo(line_, kMaxBodyLineLength));
     }
 }

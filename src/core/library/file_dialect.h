@@ -40,6 +40,10 @@ struct FileDialect {
     std::size_t linesPerLabel = 2;
     std::size_t linesPerText = 2;
     DrillPlace drillPlace = DrillPlace::Nowhere;
+    // A line that starts with "*" ends a record even without a blank line before it (some
+    // writers put "*END*" right after the last pad-stack line). Otherwise only a blank line or
+    // the end of the file does.
+    bool starLineEndsRecord = false;
 
     std::span<const CountField> Counts() const { return {countOrder.data(), countCount}; }
 };

@@ -321,7 +321,32 @@ TEST(DecalReaderRecord, BadCountsNameFileLineAndWord) {
         FAIL() << "no error";
     } catch (const ConversionError& error) {
         EXPECT_EQ(error.line(), 3);
+        EXPECT_EQ(error.message(),
+                  "the corner count of a piece of decal X is not a number: \"two\"");
     }
+    auto badStack = dir.WriteFile(
+        "stack.asc", "!PADS-POWERPCB-V4.0-MILS!\n*PARTDECAL*\nX I 0 0 0 0 1 0 0\nPAD 0 1.5\n");
+    try {
+        AllRecords(badStack);
+        FAIL() << "no error";
+    } catch (const ConversionError& error) {
+        EXPECT_EQ(error.line(), 4);
+        EXPECT_EQ(error.message(),
+                  "the line count of a pad stack of decal X is not a number: \"1.5\"");
+    }
+}
+
+TEST(DecalReaderRecord, OnlyABlankLineOrTheEndOfTheFileEndsARecord) {
+    test::TempDir dir;
+    auto file = dir.WriteFile("noblank.d",
+                              "*PADS-LIBRARY-PCB-DECALS-V4*\nX I 0 0 0 0 0 0 1 0\nT0 0 0 0 1\n"
+                              "*END*\nY I 0 0 0 0 0 0 0 0\n \t \nZ I 0 0 0 0 0 0 0 0\nlast");
+    auto records = AllRecords(file);
+    ASSERT_EQ(records.size(), 2u);
+    EXPECT_EQ(records[0].lines,
+              (std::vector<std::string>{"T0 0 0 0 1", "*END*", "Y I 0 0 0 0 0 0 0 0"}));
+    EXPECT_EQ(records[1].name, "Z");
+    EXPECT_EQ(records[1].lines, (std::vector<std::string>{"last"}));
 }
 
 TEST(DecalReaderRecord, OpenFailureIsAnIoError) {

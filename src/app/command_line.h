@@ -1,0 +1,19 @@
+#pragma once
+
+// The command line of the zantor program: commands, usage and exit status.
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace zantor {
+
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitFailure = 1;  // an operation failed (a file that cannot be read ...)
+inline constexpr int kExitUsage = 2;    // the command line itself is wrong
+
+// Runs the command given by `args` (the arguments after the program name) and returns the exit
+// status. Results go to `out`; messages about failures and usage go to `err`.
+int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+}  // namespace zantor

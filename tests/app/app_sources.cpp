@@ -1,0 +1,2 @@
+// The program's own sources are not a library, so the tests compile the ones they exercise here.
+#include "../../src/app/command_line.cpp"
