@@ -63,17 +63,27 @@ double QtAngleOfRay(const QRectF& box, QPointF towards) {
 }  // namespace
 
 QPainterCanvas::QPainterCanvas(QPainter& painter, CanvasMapping mapping)
-    : painter_(painter), mapping_(mapping) {
+    : painter_(painter),
+      mapping_(mapping),
+      callerTransform_(painter.worldTransform()),
+      transform_(callerTransform_) {
     if (mapping_ == CanvasMapping::Hundredths) {
         const QPaintDevice* device = painter_.device();
         const double sx = device != nullptr ? device->logicalDpiX() / 2540.0 : 1.0;
         const double sy = device != nullptr ? device->logicalDpiY() / 2540.0 : 1.0;
-        painter_.setWorldTransform(QTransform::fromScale(sx, -sy), true);
+        transform_ = QTransform::fromScale(sx, -sy) * callerTransform_;
     }
     painter_.setRenderHint(QPainter::Antialiasing, true);
 }
 
+QPainterCanvas::~QPainterCanvas() {
+    if (painter_.isActive()) {
+        painter_.setWorldTransform(callerTransform_);
+    }
+}
+
 void QPainterCanvas::UsePen() {
+    painter_.setWorldTransform(transform_);
     QPen pen(ToQColor(PenColour()), PenWidth(), ToQtStyle(PenStyleNow()), Qt::RoundCap,
              Qt::RoundJoin);
     pen.setCosmetic(false);
@@ -139,7 +149,7 @@ void QPainterCanvas::Polygon(std::span<const DevicePoint> points) {
 void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
                           std::string_view fontName, std::int32_t height) {
     // Text is laid out in the device's own pixels so that it stays upright on the y-up mapping.
-    const QTransform world = painter_.worldTransform();
+    const QTransform& world = transform_;
     const QPointF topLeft = world.map(QPointF(x, y));
     const double pixels = std::abs(height) * std::hypot(world.m21(), world.m22());
     QFont font(QString::fromLatin1(fontName.data(), static_cast<qsizetype>(fontName.size())));

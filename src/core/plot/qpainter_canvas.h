@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QPointF>
+#include <QTransform>
 
 #include "plot/plot_canvas.h"
 
@@ -20,9 +21,14 @@ enum class CanvasMapping : std::uint8_t {
 
 class QPainterCanvas : public PlotCanvas {
   public:
-    // `painter` must be active on its device. With Hundredths the canvas puts the 0.01 mm
-    // mapping on top of the painter's transform, from the device's resolution.
+    // `painter` must be active on its device. The canvas draws through the painter's transform
+    // as it is now (a page offset or a zoom set by the caller), with Hundredths the 0.01 mm
+    // mapping from the device's resolution on top; the painter's transform is given back when
+    // the canvas goes.
     QPainterCanvas(QPainter& painter, CanvasMapping mapping);
+    ~QPainterCanvas() override;
+    QPainterCanvas(const QPainterCanvas&) = delete;
+    QPainterCanvas& operator=(const QPainterCanvas&) = delete;
 
     void MoveTo(std::int32_t x, std::int32_t y) override;
     void LineTo(std::int32_t x, std::int32_t y) override;
@@ -40,6 +46,8 @@ class QPainterCanvas : public PlotCanvas {
 
     QPainter& painter_;
     CanvasMapping mapping_;
+    QTransform callerTransform_;
+    QTransform transform_;
     QPointF position_;
 };
 

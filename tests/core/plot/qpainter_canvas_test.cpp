@@ -120,6 +120,26 @@ TEST(QPainterCanvas, ArcsRunCounterClockwiseOnThePrinterMapping) {
     EXPECT_TRUE(all.upperRight && all.upperLeft && all.lowerLeft && all.lowerRight);
 }
 
+TEST(QPainterCanvas, DrawsThroughTheCallersTransformAndGivesItBack) {
+    App();
+    QImage image = WhiteImage(200, 200, 10000);
+    QPainter painter(&image);
+    painter.translate(100, 0);  // a page offset in pixels
+    for (int pass = 0; pass < 2; ++pass) {
+        // A second canvas on the same painter maps the same way.
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        canvas.SetPenWidth(20);
+        canvas.MoveTo(0, -500 - 500 * pass);
+        canvas.LineTo(500, -500 - 500 * pass);
+    }
+    EXPECT_EQ(painter.worldTransform(), QTransform::fromTranslate(100, 0));
+    painter.end();
+    EXPECT_TRUE(Inked(image, 125, 50, 1));
+    EXPECT_TRUE(Inked(image, 125, 100, 1));
+    EXPECT_FALSE(Inked(image, 75, 50, 10));
+    EXPECT_EQ(InkCount(image, 60, 90), 0);
+}
+
 TEST(QPainterCanvas, FillsDiscsAndPolygonsInTheFillColour) {
     App();
     QImage image = WhiteImage(200, 200);
