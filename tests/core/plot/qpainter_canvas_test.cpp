@@ -273,92 +273,82 @@ void Keep(const std::filesystem::path& file) {
     }
 }
 
-TEST(QPainterCanvasRendering, PreviewPngShowsTheDecalTheRightWayUp) {
-    App();
-    test::TempDir dir;
-    Sheet sheet;
-    QImage image = WhiteImage(420, 594);  // A4 at 2 pixels per millimetre
-    RecordingMessages frameMessages;
-    {
-        QPainter painter(&image);
-        QPainterCanvas canvas(painter, CanvasMapping::Pixels);
-        PlotFrame frame(canvas, sheet.settings, frameMessages);
-        Sheet::Place(frame);
+// Pixels of the decal's telling points, where the frame that drew it put them.
+struct Landmarks {
+    QPoint disc, triangle, bulge, wrong, hump, dip, circle, centre, top, bottom;
+};
+
+// Draws the decal on `image` as the preview window (2 pixels per mm, y down) or as the printer
+// (0.01 mm units, y up) does.
+Landmarks RenderDecal(QImage& image, CanvasMapping mapping, Sheet& sheet) {
+    QPainter painter(&image);
+    QPainterCanvas canvas(painter, mapping);
+    RecordingMessages messages;
+    PlotFrame frame(canvas, sheet.settings, messages);
+    Sheet::Place(frame);
+    const bool printer = mapping == CanvasMapping::Hundredths;
+    if (printer) {
+        frame.PageHeight = 297;
+    } else {
         frame.Surface = PlotSurface::PreviewWindow;
         frame.MmPerUnitX = 0.5;
         frame.MmPerUnitY = 0.5;
-        frame.PaintBoxHeight = 594;
-        sheet.Draw(frame);
-
-        // Library points to pixels, through the frame that drew them.
-        auto at = [&](double x, double y) { return std::pair{frame.DevX(x), frame.DevY(y)}; };
-        const auto [discX, discY] = at(500, -300);
-        const auto [triangleX, triangleY] = at(0, -100);
-        const auto [bulgeX, bulgeY] = at(683, 583);  // on the rounded corner
-        const auto [wrongX, wrongY] = at(0, 300);    // where the long way round would pass
-        const auto [humpX, humpY] = at(-500, 100);   // the clockwise hump's top
-        const auto [dipX, dipY] = at(-500, -100);
-        const auto [circleX, circleY] = at(-600, 500);
-        const auto [centreX, centreY] = at(-600, 400);
-        painter.end();
-
-        EXPECT_EQ(image.pixel(discX, discY), qRgb(0, 170, 0));
-        EXPECT_EQ(image.pixel(triangleX, triangleY), qRgb(255, 0, 0));
-        EXPECT_TRUE(Inked(image, bulgeX, bulgeY));
-        EXPECT_FALSE(Inked(image, wrongX, wrongY));
-        EXPECT_TRUE(Inked(image, humpX, humpY));
-        EXPECT_FALSE(Inked(image, dipX, dipY));
-        EXPECT_TRUE(Inked(image, circleX, circleY));
-        EXPECT_FALSE(Inked(image, centreX, centreY));
-        // The comment line stands on 60 - 4 + 1 = 57 mm, 3 mm high, with the separator at 56 mm.
-        EXPECT_EQ(InkCount(image, 594 - 2 * 64, 594 - 2 * 60 - 2), 0);
-        EXPECT_GT(InkCount(image, 594 - 2 * 60, 594 - 2 * 57), 20);
-        EXPECT_TRUE(Inked(image, 300, 594 - 2 * 56, 1));
+        frame.PaintBoxHeight = image.height();
     }
-    EXPECT_TRUE(sheet.messages.Entries().empty());
-    const auto file = dir.Path() / "decal-preview.png";
-    ASSERT_TRUE(image.save(QString::fromStdString(file.string())));
-    Keep(file);
-    const QImage back(QString::fromStdString(file.string()));
-    EXPECT_EQ(back.size(), QSize(420, 594));
-    EXPECT_GT(InkCount(back), 2000);
+    sheet.Draw(frame);
+    const double pixelsPerUnit = image.logicalDpiX() / 2540.0;
+    auto at = [&](double x, double y) {
+        if (!printer) {
+            return QPoint(frame.DevX(x), frame.DevY(y));
+        }
+        return QPoint(static_cast<int>(frame.DevX(x) * pixelsPerUnit),
+                      static_cast<int>(-frame.DevY(y) * pixelsPerUnit));
+    };
+    return {at(500, -300),  at(0, -100),   at(683, 583),  at(0, 300), at(-500, 100),
+            at(-500, -100), at(-600, 500), at(-600, 400), at(0, 700), at(0, -500)};
 }
 
-TEST(QPainterCanvasRendering, PrinterMappingDrawsTheSamePageWithYUp) {
+void ExpectDecal(const QImage& image, const Landmarks& at) {
+    EXPECT_EQ(image.pixel(at.disc), qRgb(0, 170, 0));
+    EXPECT_EQ(image.pixel(at.triangle), qRgb(255, 0, 0));
+    // The rounded corner bulges out; the long way round would pass through `wrong`.
+    EXPECT_TRUE(Inked(image, at.bulge.x(), at.bulge.y()));
+    EXPECT_FALSE(Inked(image, at.wrong.x(), at.wrong.y()));
+    // The clockwise arc is a hump, not a dip.
+    EXPECT_TRUE(Inked(image, at.hump.x(), at.hump.y()));
+    EXPECT_FALSE(Inked(image, at.dip.x(), at.dip.y()));
+    EXPECT_TRUE(Inked(image, at.circle.x(), at.circle.y()));
+    EXPECT_FALSE(Inked(image, at.centre.x(), at.centre.y()));
+    // The decal's top edge is above its bottom edge on the sheet.
+    EXPECT_LT(at.top.y(), at.bottom.y());
+    EXPECT_TRUE(Inked(image, at.top.x(), at.top.y()));
+    EXPECT_TRUE(Inked(image, at.bottom.x(), at.bottom.y()));
+}
+
+TEST(QPainterCanvasRendering, PreviewAndPrinterPngsShowTheDecalTheRightWayUp) {
     App();
     test::TempDir dir;
     Sheet sheet;
-    QImage image = WhiteImage(827, 1170, 3937);  // A4 at 100 dots per inch
-    RecordingMessages frameMessages;
-    {
-        QPainter painter(&image);
-        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
-        PlotFrame frame(canvas, sheet.settings, frameMessages);
-        Sheet::Place(frame);
-        frame.PageHeight = 297;
-        sheet.Draw(frame);
-        // Device units to pixels: 100 / 2540 per unit, y negated.
-        auto at = [&](double x, double y) {
-            return std::pair{static_cast<int>(frame.DevX(x) * 100.0 / 2540),
-                             static_cast<int>(-frame.DevY(y) * 100.0 / 2540)};
-        };
-        const auto [discX, discY] = at(500, -300);
-        const auto [bulgeX, bulgeY] = at(683, 583);
-        const auto [wrongX, wrongY] = at(0, 300);
-        const auto [topX, topY] = at(0, 700);
-        const auto [bottomX, bottomY] = at(0, -500);
-        painter.end();
-        EXPECT_EQ(image.pixel(discX, discY), qRgb(0, 170, 0));
-        EXPECT_TRUE(Inked(image, bulgeX, bulgeY));
-        EXPECT_FALSE(Inked(image, wrongX, wrongY));
-        // The decal's top edge (y = 700) is above its bottom edge on the sheet.
-        EXPECT_LT(topY, bottomY);
-        EXPECT_TRUE(Inked(image, topX, topY));
-        EXPECT_TRUE(Inked(image, bottomX, bottomY));
+    QImage preview = WhiteImage(420, 594);         // A4 at 2 pixels per millimetre
+    QImage printer = WhiteImage(827, 1170, 3937);  // A4 at 100 dots per inch
+    ExpectDecal(preview, RenderDecal(preview, CanvasMapping::Pixels, sheet));
+    ExpectDecal(printer, RenderDecal(printer, CanvasMapping::Hundredths, sheet));
+    EXPECT_TRUE(sheet.messages.Entries().empty());
+
+    // The comment line stands on 60 - 4 + 1 = 57 mm, 3 mm high, with the separator at 56 mm.
+    EXPECT_EQ(InkCount(preview, 594 - 2 * 64, 594 - 2 * 60 - 2), 0);
+    EXPECT_GT(InkCount(preview, 594 - 2 * 60, 594 - 2 * 57), 20);
+    EXPECT_TRUE(Inked(preview, 300, 594 - 2 * 56, 1));
+
+    for (const auto& [image, name] :
+         {std::pair{&preview, "decal-preview.png"}, std::pair{&printer, "decal-printer.png"}}) {
+        const auto file = dir.Path() / name;
+        ASSERT_TRUE(image->save(QString::fromStdString(file.string())));
+        Keep(file);
+        const QImage back(QString::fromStdString(file.string()));
+        EXPECT_EQ(back.size(), image->size());
+        EXPECT_GT(InkCount(back), 2000);
     }
-    const auto file = dir.Path() / "decal-printer.png";
-    ASSERT_TRUE(image.save(QString::fromStdString(file.string())));
-    Keep(file);
 }
 
 std::uintmax_t WritePdf(const std::filesystem::path& file, Sheet* sheet) {
