@@ -20,6 +20,9 @@ struct DevicePoint {
 };
 
 enum class PenStyle : std::uint8_t { Solid, Dash, Dot, DashDot, DashDotDot, Clear };
+// Which point of a text line its x position gives.
+enum class TextAlign { Left, Centre, Right };
+
 enum class FillStyle : std::uint8_t { Solid, None };
 
 class PlotCanvas {
@@ -58,10 +61,12 @@ class PlotCanvas {
     // A filled and outlined polygon, closed from the last point back to the first (even-odd
     // fill).
     virtual void Polygon(std::span<const DevicePoint> points) = 0;
-    // Text in a system font whose em height is `height` device units, with the top-left corner
-    // of the text line at (x, y). A font that is not installed is replaced by a similar one.
+    // Text in a system font whose em height is `height` device units. The top of the text line
+    // is at y; x is its left end, its centre or its right end by `align`. A font that is not
+    // installed is replaced by a similar one.
     virtual void Text(std::int32_t x, std::int32_t y, std::string_view text,
-                      std::string_view fontName, std::int32_t height) = 0;
+                      std::string_view fontName, std::int32_t height,
+                      TextAlign align = TextAlign::Left) = 0;
 
   private:
     Colour penColour_ = 0;

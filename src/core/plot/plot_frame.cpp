@@ -165,8 +165,8 @@ void PlotFrame::PageLineTo(double x, double y) {
 }
 
 void PlotFrame::PageText(std::string_view text, double size, double y, double x,
-                         std::string_view fontName) {
-    canvas_.Text(PageDevX(x), PageDevY(y + size), text, fontName, DevLen(size));
+                         std::string_view fontName, TextAlign align) {
+    canvas_.Text(PageDevX(x), PageDevY(y + size), text, fontName, DevLen(size), align);
 }
 
 void PlotFrame::StrokeText(const StrokeFont& font, bool mirror, std::string_view text, double x,

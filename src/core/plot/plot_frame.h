@@ -87,8 +87,8 @@ class PlotFrame : public StrokeSink {
     void PageMoveTo(double x, double y);
     void PageLineTo(double x, double y);
     // Text of `size` mm in the system font `fontName`; y is the lower edge of the text line.
-    void PageText(std::string_view text, double size, double y, double x,
-                  std::string_view fontName);
+    void PageText(std::string_view text, double size, double y, double x, std::string_view fontName,
+                  TextAlign align = TextAlign::Left);
 
     // Stroke font text at library position (x, y) with a line width of `lineWidth` mm at scale 1.
     void StrokeText(const StrokeFont& font, bool mirror, std::string_view text, double x, double y,

@@ -147,7 +147,7 @@ void QPainterCanvas::Polygon(std::span<const DevicePoint> points) {
 }
 
 void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
-                          std::string_view fontName, std::int32_t height) {
+                          std::string_view fontName, std::int32_t height, TextAlign align) {
     // Text is laid out in the device's own pixels so that it stays upright on the y-up mapping.
     const QTransform& world = transform_;
     const QPointF topLeft = world.map(QPointF(x, y));
@@ -160,8 +160,13 @@ void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
     painter_.setFont(font);
     painter_.setPen(ToQColor(TextColour()));
     const QFontMetricsF metrics(font, painter_.device());
-    painter_.drawText(QPointF(topLeft.x(), topLeft.y() + metrics.ascent()),
-                      QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    const QString line = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    double left = topLeft.x();
+    if (align != TextAlign::Left) {
+        const double width = metrics.horizontalAdvance(line);
+        left -= align == TextAlign::Centre ? width / 2 : width;
+    }
+    painter_.drawText(QPointF(left, topLeft.y() + metrics.ascent()), line);
     painter_.restore();
 }
 

@@ -38,7 +38,7 @@ class QPainterCanvas : public PlotCanvas {
                    std::int32_t cornerWidth, std::int32_t cornerHeight) override;
     void Polygon(std::span<const DevicePoint> points) override;
     void Text(std::int32_t x, std::int32_t y, std::string_view text, std::string_view fontName,
-              std::int32_t height) override;
+              std::int32_t height, TextAlign align = TextAlign::Left) override;
 
   private:
     void UsePen();

@@ -104,8 +104,10 @@ void RecordingCanvas::Polygon(std::span<const DevicePoint> points) {
 }
 
 void RecordingCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
-                           std::string_view fontName, std::int32_t height) {
-    std::string line = "text";
+                           std::string_view fontName, std::int32_t height, TextAlign align) {
+    std::string line = align == TextAlign::Left     ? "text"
+                       : align == TextAlign::Centre ? "text-centre"
+                                                    : "text-right";
     AppendNumbers(line, {x, y, height});
     lines_.push_back(line + " " + Quoted(fontName) + " " + Quoted(text) +
                      " colour=" + ColourText(TextColour()));

@@ -8,7 +8,7 @@
 //   arc X1 Y1 X2 Y2 SX SY EX EY pen=P
 //   roundrect X1 Y1 X2 Y2 CW CH pen=P fill=F
 //   polygon N X1 Y1 ... XN YN pen=P fill=F
-//   text X Y H "FONT" "TEXT" colour=C
+//   text X Y H "FONT" "TEXT" colour=C   (text-centre, text-right: X is the centre or right end)
 //
 // P is COLOUR/WIDTH/STYLE with STYLE one of solid, dash, dot, dashdot, dashdotdot, clear;
 // F is COLOUR/STYLE with STYLE solid or none; C is a COLOUR. COLOUR is the 0x00BBGGRR value as six
@@ -33,7 +33,7 @@ class RecordingCanvas : public PlotCanvas {
                    std::int32_t cornerWidth, std::int32_t cornerHeight) override;
     void Polygon(std::span<const DevicePoint> points) override;
     void Text(std::int32_t x, std::int32_t y, std::string_view text, std::string_view fontName,
-              std::int32_t height) override;
+              std::int32_t height, TextAlign align = TextAlign::Left) override;
 
     const std::vector<std::string>& Lines() const { return lines_; }
     // All lines, each ended by a newline.

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <utility>
 
 #include "plot/pieces.h"
 #include "plot/plot_frame.h"
@@ -188,6 +189,42 @@ TEST(QPainterCanvas, TextHangsFromItsTopLeftCornerAndStaysUprightOnThePrinterMap
     // A "T" the right way up has its bar at the top.
     const int band = (bottom - top) / 4;
     EXPECT_GT(InkCount(image, top, top + band), 2 * InkCount(image, bottom - band, bottom));
+}
+
+// Columns of the image that hold ink.
+std::pair<int, int> InkedColumns(const QImage& image) {
+    int left = -1;
+    int right = -1;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixel(x, y) != qRgb(255, 255, 255)) {
+                right = x;
+                left = left < 0 ? x : left;
+                break;
+            }
+        }
+    }
+    return {left, right};
+}
+
+TEST(QPainterCanvas, AlignedTextEndsOrCentresOnItsPosition) {
+    App();
+    const auto columnsOf = [](TextAlign align) {
+        QImage image = WhiteImage(400, 100);
+        {
+            QPainter painter(&image);
+            QPainterCanvas canvas(painter, CanvasMapping::Pixels);
+            canvas.Text(200, 20, "HHHH", "Liberation Sans", 40, align);
+        }
+        return InkedColumns(image);
+    };
+    const auto [leftStart, leftEnd] = columnsOf(TextAlign::Left);
+    const auto [rightStart, rightEnd] = columnsOf(TextAlign::Right);
+    const auto [centreStart, centreEnd] = columnsOf(TextAlign::Centre);
+    EXPECT_NEAR(leftStart, 200, 6);
+    EXPECT_NEAR(rightEnd, 200, 6);
+    EXPECT_NEAR((centreStart + centreEnd) / 2.0, 200, 6);
+    EXPECT_NEAR(leftEnd - leftStart, rightEnd - rightStart, 2);
 }
 
 // A handmade decal in mils: an outline with a rounded corner and a clockwise hump, a copper
