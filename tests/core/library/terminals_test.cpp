@@ -1,0 +1,82 @@
+#include "library/terminals.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "common/errors.h"
+
+namespace zantor {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+// A record of "lib.d" whose header stands on line 20: a piece line, then `terminalLines`, of
+// which the header counts `count`.
+DecalRecord Decal(Texts terminalLines, std::uint16_t count) {
+    DecalRecord record;
+    record.fileName = "lib.d";
+    record.name = "SON8";
+    record.headerLineNumber = 20;
+    record.lines.push_back("OPEN 2 0.1 26");
+    record.firstTerminal = 1;
+    record.counts.terminals = count;
+    record.lines.insert(record.lines.end(), terminalLines.begin(), terminalLines.end());
+    record.firstStack = record.lines.size();
+    return record;
+}
+
+TEST(ReadTerminals, ReadsPositionsLabelsAndPinNamesInFileOrder) {
+    const auto terminals = ReadTerminals(
+        Decal({"T-1.05 0.75 -1.3  0.9", "T1235 -2e1 0 0", "T0     0.3   0     0.3   FRM-2",
+               "T-12750000 -1275000 -12750000 -1275000 MH2"},
+              4));
+    EXPECT_EQ(terminals,
+              (std::vector<TerminalLine>{{1, -1.05, 0.75, -1.3, 0.9, "1"},
+                                         {2, 1235, -20, 0, 0, "2"},
+                                         {3, 0, 0.3, 0, 0.3, "FRM-2"},
+                                         {4, -12750000, -1275000, -12750000, -1275000, "MH2"}}));
+}
+
+TEST(ReadTerminals, StopsWhereTheCountOrTheBodyEnds) {
+    const Texts lines = {"T1 2 3 4 A1", "T5 6 7 8 B2", "T9 10 11 12 C3"};
+    EXPECT_EQ(ReadTerminals(Decal(lines, 2)).size(), 2u);
+    EXPECT_EQ(ReadTerminals(Decal(lines, 0)).size(), 0u);
+    // A record cut short: the terminals it has, nothing invented.
+    const auto shortBody = ReadTerminals(Decal(lines, 7));
+    ASSERT_EQ(shortBody.size(), 3u);
+    EXPECT_EQ(shortBody.back().pinName, "C3");
+    DecalRecord past = Decal(lines, 3);
+    past.firstTerminal = 9;
+    EXPECT_TRUE(ReadTerminals(past).empty());
+}
+
+TEST(ReadTerminals, MissingNumbersReadAsZeroAndADetachedTIsTolerated) {
+    EXPECT_EQ(ReadTerminals(Decal({"T2.5 1", "T 3 4 5 6 P7"}, 2)),
+              (std::vector<TerminalLine>{{1, 2.5, 1, 0, 0, "1"}, {2, 3, 4, 5, 6, "P7"}}));
+}
+
+TEST(ReadTerminals, BadLinesNameTheDecalFileAndLine) {
+    try {
+        ReadTerminals(Decal({"T0 0 0 0 1", "T1,5 0 1.5 0 2"}, 2));
+        FAIL() << "a comma is not a decimal point";
+    } catch (const ConversionError& error) {
+        EXPECT_EQ(error.file(), "lib.d");
+        EXPECT_EQ(error.line(), 23);  // header 20, piece 21, terminals 22 and 23
+        EXPECT_NE(error.message().find("Terminal 2 of decal \"SON8\""), std::string::npos);
+        EXPECT_NE(error.message().find("1,5"), std::string::npos);
+    }
+    EXPECT_THROW(ReadTerminals(Decal({"T0 0 x 0"}, 1)), ConversionError);
+    EXPECT_THROW(ReadTerminals(Decal({"T0 1e999 0 0"}, 1)), RangeError);
+    try {
+        ReadTerminals(Decal({"VALUE 0 0 0 1 1.27 0.127 N LEFT DOWN"}, 1));
+        FAIL() << "a label line is no terminal";
+    } catch (const FormatError& error) {
+        EXPECT_EQ(error.line(), 22);
+        EXPECT_NE(error.message().find("\"VALUE\""), std::string::npos);
+    }
+}
+
+}  // namespace
+}  // namespace zantor
