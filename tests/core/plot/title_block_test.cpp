@@ -1,0 +1,299 @@
+#include "plot/title_block.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/plot/plot_test_support.h"
+
+namespace zantor {
+namespace {
+
+using test::LinesOf;
+using test::PlotBench;
+using Lines = std::vector<std::string>;
+
+// The frame's corner stands at (10, 5) mm on the page: page x mm is device 100 x + 1000, page y
+// mm (the top edge of a text) is 100 y + 500. Form-text is colour 9, Form-line colour 10.
+struct TitleBench : PlotBench {
+    TitleBench() {
+        frame.OriginX2 = 10;
+        frame.OriginY2 = 5;
+        settings.FormularFont = "Arial";
+        settings.CompanyFont = "Courier";
+    }
+
+    TitleBlockInputs Inputs() const {
+        TitleBlockInputs inputs;
+        inputs.decalName = "DIP8";
+        inputs.inputPath = "C:\\LIBS\\CONN.D";
+        inputs.terminalCount = 8;
+        inputs.date = "24.03.03";
+        inputs.width = 190;
+        inputs.height = 260;
+        return inputs;
+    }
+
+    // The recorded text line that draws `text`, or "" when none does.
+    std::string TextOf(const std::string& text) const {
+        const std::string quoted = " \"" + text + "\" ";
+        for (const std::string& line : canvas.Lines()) {
+            if (line.starts_with("text") && line.find(quoted) != std::string::npos) {
+                return line;
+            }
+        }
+        return {};
+    }
+
+    // The text drawn at device position (x, y).
+    std::string TextAt(int x, int y) const {
+        const std::string at = " " + std::to_string(x) + " " + std::to_string(y) + " ";
+        for (const std::string& line : canvas.Lines()) {
+            if (line.starts_with("text") && line.find(at) != std::string::npos) {
+                return line;
+            }
+        }
+        return {};
+    }
+};
+
+TEST(TitleBlock, LabelsStandAtTheirPlacesInTheFormularFont) {
+    TitleBench bench;
+    DrawTitleBlock(bench.frame, bench.Inputs());
+    EXPECT_EQ(bench.TextOf("DECAL:"), "text 1200 3780 280 \"Arial\" \"DECAL:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("COMPANY:"), "text 11200 3780 280 \"Arial\" \"COMPANY:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("LIBRARY:"), "text 11200 1980 280 \"Arial\" \"LIBRARY:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("PAGE"), "text 16600 930 280 \"Arial\" \"PAGE\" colour=000009");
+    EXPECT_EQ(bench.TextOf("DRAWING  DATE:"),
+              "text 8150 2680 280 \"Arial\" \"DRAWING  DATE:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("APPROVED DATE:"),
+              "text 8100 1580 280 \"Arial\" \"APPROVED DATE:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("HEIGTH:"), "text 4370 2630 280 \"Arial\" \"HEIGTH:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("Term.1 to term.2"),
+              "text 1200 1430 280 \"Arial\" \"Term.1 to term.2\" colour=000009");
+    EXPECT_EQ(bench.TextOf("Y"), "text 7000 2180 280 \"Arial\" \"Y\" colour=000009");
+    // The footer under the frame, small.
+    EXPECT_EQ(bench.TextOf("ZANTOR 7.30 Brovik '96-'03"),
+              "text 1000 470 170 \"Arial\" \"ZANTOR 7.30 Brovik '96-'03\" colour=000009");
+    EXPECT_EQ(bench.TextOf("PCB:"), "");
+}
+
+TEST(TitleBlock, ValuesNameTheDecalItsLibraryDateAndPage) {
+    TitleBench bench;
+    DrawTitleBlock(bench.frame, bench.Inputs());
+    EXPECT_EQ(bench.TextOf("DIP8"), "text-centre 6000 3400 500 \"Arial\" \"DIP8\" colour=000009");
+    EXPECT_EQ(bench.TextOf("8"), "text-right 3700 2630 280 \"Arial\" \"8\" colour=000009");
+    EXPECT_EQ(bench.TextOf("24.03.03"), "text 6400 930 280 \"Arial\" \"24.03.03\" colour=000009");
+    // The library's name in the middle of its field, (190 - 100) / 2 + 105 = 150 mm.
+    EXPECT_EQ(bench.TextOf("CONN"), "text-centre 16000 1700 500 \"Arial\" \"CONN\" colour=000009");
+    EXPECT_EQ(bench.TextOf("1    OF    1"),
+              "text 18200 930 280 \"Arial\" \"1    OF    1\" colour=000009");
+    // No form number set: an empty one centred at W - 54.
+    EXPECT_EQ(bench.TextAt(14600, 930), "text-centre 14600 930 280 \"Arial\" \"\" colour=000009");
+}
+
+TEST(TitleBlock, ScaleReadsAsEnlargementOrReduction) {
+    const std::pair<double, const char*> cases[] = {
+        {0.5, "1 : 2"}, {2, "2 : 1"}, {1, "1 : 1"}, {1.0 / 3, "1 : 3"}, {10, "10 : 1"}};
+    for (const auto& [scale, text] : cases) {
+        TitleBench bench;
+        bench.frame.Scale = scale;
+        DrawTitleBlock(bench.frame, bench.Inputs());
+        EXPECT_EQ(bench.TextAt(3000, 930),
+                  std::string("text 3000 930 280 \"Arial\" \"") + text + "\" colour=000009")
+            << scale;
+    }
+    EXPECT_EQ(ScaleText(0.25), "1 : 4");
+}
+
+TEST(TitleBlock, LibraryNameIsTheFileNameWithoutItsExtension) {
+    EXPECT_EQ(LibraryNameOf("C:\\LIBS\\CONN.D"), "CONN");
+    EXPECT_EQ(LibraryNameOf("C:\\LIBS\\CONNECTORS"), "CONNECTORS");
+    EXPECT_EQ(LibraryNameOf("/home/ann/libs/sample.d"), "sample");
+    EXPECT_EQ(LibraryNameOf("D:/mixed\\dir/conn.asc"), "conn");
+    EXPECT_EQ(LibraryNameOf("sample.d"), "sample");
+    // Only the first dot and three characters after it go.
+    EXPECT_EQ(LibraryNameOf("C:\\LIBS\\MY.LIB.D"), "MY.D");
+    // Cut to 50 characters before the extension is looked for.
+    const std::string longName(55, 'N');
+    EXPECT_EQ(LibraryNameOf("C:\\" + longName + ".D"), std::string(50, 'N'));
+    EXPECT_EQ(LibraryNameOf(""), "");
+    EXPECT_EQ(LibraryNameOf("C:\\LIBS\\"), "");
+}
+
+TEST(TitleBlock, PcbFilesAreLabelledPcb) {
+    TitleBench bench;
+    TitleBlockInputs inputs = bench.Inputs();
+    inputs.pcbInput = true;
+    inputs.inputPath = "/boards/main.asc";
+    DrawTitleBlock(bench.frame, inputs);
+    EXPECT_EQ(bench.TextOf("PCB:"), "text 11200 1980 280 \"Arial\" \"PCB:\" colour=000009");
+    EXPECT_EQ(bench.TextOf("LIBRARY:"), "");
+    EXPECT_EQ(bench.TextOf("main"), "text-centre 16000 1700 500 \"Arial\" \"main\" colour=000009");
+}
+
+TEST(TitleBlock, CompanyIsWrittenInItsOwnFontOnlyWhenSet) {
+    TitleBench empty;
+    DrawTitleBlock(empty.frame, empty.Inputs());
+    EXPECT_NE(empty.TextOf("COMPANY:"), "");
+    for (const std::string& line : empty.canvas.Lines()) {
+        EXPECT_EQ(line.find("\"Courier\""), std::string::npos) << line;
+    }
+
+    TitleBench named;
+    named.settings.Company = "Brovik";
+    DrawTitleBlock(named.frame, named.Inputs());
+    // Centred at (190 - 110) / 2 + 105 = 145 mm, 10 mm high on the line 18.5 mm.
+    EXPECT_EQ(named.TextOf("Brovik"),
+              "text-centre 15500 3350 1000 \"Courier\" \"Brovik\" colour=000009");
+
+    // A long name is made smaller so that it keeps to its 70 mm.
+    TitleBench wide;
+    wide.settings.Company = "Brovik Elektronik og Mekanikk AS";  // 32 characters
+    DrawTitleBlock(wide.frame, wide.Inputs());
+    const std::string line = wide.TextOf(wide.settings.Company);
+    ASSERT_NE(line, "");
+    std::istringstream words(line);
+    std::string op;
+    int x = 0;
+    int y = 0;
+    int height = 0;
+    words >> op >> x >> y >> height;
+    EXPECT_EQ(op, "text-centre");
+    EXPECT_EQ(x, 15500);
+    EXPECT_LT(height, 400);
+    EXPECT_GT(height, 200);
+}
+
+TEST(TitleBlock, FormNumberIsTheSettingOrTheDecalName) {
+    TitleBench setting;
+    setting.settings.FormNo = "F-17";
+    DrawTitleBlock(setting.frame, setting.Inputs());
+    EXPECT_EQ(setting.TextAt(14600, 930),
+              "text-centre 14600 930 280 \"Arial\" \"F-17\" colour=000009");
+
+    TitleBench decal;
+    decal.settings.FormNo = "F-17";
+    decal.settings.DecalAsFormNo = true;
+    DrawTitleBlock(decal.frame, decal.Inputs());
+    EXPECT_EQ(decal.TextAt(14600, 930),
+              "text-centre 14600 930 280 \"Arial\" \"DIP8\" colour=000009");
+}
+
+TEST(TitleBlock, RulesAreQuarterMillimetreFormLines) {
+    TitleBench bench;
+    DrawTitleBlock(bench.frame, bench.Inputs());
+    const Lines lines = LinesOf(bench.canvas, "line");
+    // The frame's four sides, eight horizontal and nine vertical rules.
+    EXPECT_EQ(lines.size(), 21u);
+    for (const std::string& line : lines) {
+        EXPECT_TRUE(line.ends_with(" pen=00000A/25/solid")) << line;
+    }
+    const Lines& all = bench.canvas.Lines();
+    // The frame from its corner round to the corner.
+    const Lines frame(all.begin(), all.begin() + 5);
+    EXPECT_EQ(frame,
+              (Lines{"move 1000 500", "line 20000 500 pen=00000A/25/solid",
+                     "line 20000 26500 pen=00000A/25/solid", "line 1000 26500 pen=00000A/25/solid",
+                     "line 1000 500 pen=00000A/25/solid"}));
+    const auto has = [&all](const std::string& move, const std::string& to) {
+        const auto at = std::find(all.begin(), all.end(), move);
+        return at != all.end() && at + 1 != all.end() && at[1] == to + " pen=00000A/25/solid";
+    };
+    EXPECT_TRUE(has("move 1000 3800", "line 20000 3800"));   // top of the title block
+    EXPECT_TRUE(has("move 11000 2000", "line 20000 2000"));  // y 15 from 100 to W
+    EXPECT_TRUE(has("move 16400 500", "line 16400 1000"));   // x W - 36 from 0 to 5
+    EXPECT_TRUE(has("move 4250 2200", "line 4250 2700"));    // x 32.5 from 17 to 22
+    EXPECT_TRUE(has("move 9500 500", "line 9500 1100"));     // x 85 from 0 to 6
+}
+
+TEST(TitleBlock, PensThatAreNotPlottedLeaveTheirPartOut) {
+    TitleBench noLines;
+    noLines.settings.PenTable[0].colour[kPenFormLine] = kNotPlotted;
+    DrawTitleBlock(noLines.frame, noLines.Inputs());
+    EXPECT_TRUE(LinesOf(noLines.canvas, "line").empty());
+    EXPECT_NE(noLines.TextOf("DECAL:"), "");
+
+    TitleBench noTexts;
+    noTexts.settings.PenTable[0].colour[kPenFormText] = kNotPlotted;
+    DrawTitleBlock(noTexts.frame, noTexts.Inputs());
+    EXPECT_EQ(LinesOf(noTexts.canvas, "line").size(), 21u);
+    for (const std::string& line : noTexts.canvas.Lines()) {
+        EXPECT_FALSE(line.starts_with("text")) << line;
+    }
+    DrawMeasurements(noTexts.frame, {});
+    for (const std::string& line : noTexts.canvas.Lines()) {
+        EXPECT_FALSE(line.starts_with("text")) << line;
+    }
+}
+
+// DIP8 of the sample library: mils, terminal 1 at (-150, 150), terminal 2 at (-150, 50), 180 mil
+// high.
+MeasurementInputs Dip8() {
+    MeasurementInputs inputs;
+    inputs.terminal1X = -150;
+    inputs.terminal1Y = 150;
+    inputs.terminal2X = -150;
+    inputs.terminal2Y = 50;
+    inputs.heightValue = 180;
+    inputs.heightAttribute = "180mil";
+    inputs.units = {0.0254, true};
+    inputs.width = 190;
+    return inputs;
+}
+
+TEST(TitleBlock, MeasurementsAreTerminalOneAndTheStepToTerminalTwo) {
+    TitleBench metric;
+    metric.settings.MeasUnit = 'M';
+    DrawMeasurements(metric.frame, Dip8());
+    EXPECT_EQ(metric.TextAt(6100, 1780),
+              "text-right 6100 1780 280 \"Arial\" \"-3.810\" colour=000009");
+    EXPECT_EQ(metric.TextAt(7800, 1780),
+              "text-right 7800 1780 280 \"Arial\" \"3.810\" colour=000009");
+    EXPECT_EQ(metric.TextAt(6100, 1430),
+              "text-right 6100 1430 280 \"Arial\" \"0.000\" colour=000009");
+    EXPECT_EQ(metric.TextAt(7800, 1430),
+              "text-right 7800 1430 280 \"Arial\" \"-2.540\" colour=000009");
+    EXPECT_EQ(metric.TextOf("(mm)"), "text-right 4500 2100 200 \"Arial\" \"(mm)\" colour=000009");
+    // HeightInfo 0: the decal's own height value, in the same unit.
+    EXPECT_EQ(metric.TextAt(7800, 2630),
+              "text-right 7800 2630 280 \"Arial\" \"4.572\" colour=000009");
+
+    TitleBench mils;
+    mils.settings.MeasUnit = 'X';  // as the library: mils
+    mils.settings.HeightInfo = 1;
+    DrawMeasurements(mils.frame, Dip8());
+    EXPECT_EQ(mils.TextAt(6100, 1780),
+              "text-right 6100 1780 280 \"Arial\" \"-150.00\" colour=000009");
+    EXPECT_EQ(mils.TextAt(7800, 1430),
+              "text-right 7800 1430 280 \"Arial\" \"-100.00\" colour=000009");
+    EXPECT_NE(mils.TextOf("(mi)"), "");
+    // HeightInfo 1: the Geometry.Height attribute as written.
+    EXPECT_EQ(mils.TextAt(7800, 2630),
+              "text-right 7800 2630 280 \"Arial\" \"180mil\" colour=000009");
+}
+
+TEST(TitleBlock, GeneralCommentStandsAboveTheTitleBlockAsAdjusted) {
+    const std::pair<int, std::string> cases[] = {
+        {0, "text 1300 4250 300 \"Arial\" \"Check pin 1\" colour=000009"},
+        {1, "text-centre 10500 4250 300 \"Arial\" \"Check pin 1\" colour=000009"},
+        {2, "text-right 19700 4250 300 \"Arial\" \"Check pin 1\" colour=000009"}};
+    for (const auto& [adjust, expected] : cases) {
+        TitleBench bench;
+        bench.settings.GenComment = "Check pin 1";
+        bench.settings.GenComSize = 3;
+        bench.settings.GenComAdjust = adjust;
+        DrawMeasurements(bench.frame, Dip8());
+        EXPECT_EQ(bench.TextOf("Check pin 1"), expected) << adjust;
+    }
+    TitleBench none;
+    DrawMeasurements(none.frame, Dip8());
+    // Without a comment: the four measures, their unit and the height.
+    EXPECT_EQ(std::count_if(none.canvas.Lines().begin(), none.canvas.Lines().end(),
+                            [](const std::string& line) { return line.starts_with("text"); }),
+              6);
+}
+
+}  // namespace
+}  // namespace zantor
