@@ -1,0 +1,59 @@
+*PADS-LIBRARY-PCB-DECALS-V9*
+
+SOIC8 M 0 0 1 2 2 0 8 1 0
+TIMESTAMP 2021.03.04.10.11.12
+"Geometry.Height" 1.75mm
+0 0 0 0 1.27 0.127 1 0 34 "Regular <Romansim Stroke Font>"
+REF-DES
+0 0 0 0 1.27 0.127 1 32 35 "Regular <Romansim Stroke Font>"
+PART-TYPE
+CLOSED 5 0.2 26 -1
+-2.5 -2
+2.5 -2
+2.5 2
+-2.5 2
+-2.5 -2
+OPEN 2 0.2 26 -1
+-2.5 1
+-1.5 2
+T-1.905 -2.7 -1.905 -2.7 1
+T-0.635 -2.7 -0.635 -2.7 2
+T0.635 -2.7 0.635 -2.7 3
+T1.905 -2.7 1.905 -2.7 4
+T1.905 2.7 1.905 2.7 5
+T0.635 2.7 0.635 2.7 6
+T-0.635 2.7 -0.635 2.7 7
+T-1.905 2.7 -1.905 2.7 8
+PAD 0 3 N 0
+-2 0.6 RF 0 90 1.5 0
+-1 0 R
+0 0 R
+
+TO92 I 0 0 0 2 1 1 3 2 0
+TIMESTAMP 2019.11.12.13.14.15
+0 150 0 0 50 5 1 0 34 "Default Font"
+REF-DES
+0 -150 0 0 50 5 1 0 42 "Default Font"
+PART-TYPE
+CIRCLE 2 10 26 -1
+-90 0
+90 0
+0 0 0 26 40 4 0 17 0 0 "Default Font"
+E B C
+T-100 0 -100 0 E
+T0 0 0 0 B
+T100 0 100 0 C
+PAD 0 3 P 30
+-2 60 R
+-1 60 R
+0 60 R
+PAD 2 3 P 30
+-2 60 S 0
+-1 60 S 0
+0 60 S 0
+*END*
+*REMARK* AP
+TO92.stp/0/0/0/4.5/4.5/4.9
+
+MODEL-NOTES exported with a library tool
+end of notes
