@@ -1,76 +1,110 @@
 #include "command_line.h"
 
-#include <exception>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 
 #include "common/errors.h"
 #include "library/file_summary.h"
+#include "list_command.h"
 
 namespace zantor {
 namespace {
 
 constexpr const char* kUsage = "usage: zantor COMMAND ARGUMENTS (see zantor --help)\n";
 
-constexpr const char* kHelp =
+constexpr const char* kHelpIntroduction =
     "usage: zantor COMMAND ARGUMENTS\n"
     "\n"
     "Zantor prints PADS PowerPCB decal and parttype libraries as drawing sheets.\n"
     "\n"
-    "Commands:\n"
-    "  info FILE     Show what the reader sees in a PADS ASCII file: its kind (decal\n"
-    "                library, parttype library, PCB ASCII file), format version and\n"
-    "                units, then the name, unit letter and counts of every decal\n"
-    "                record (attributes, labels, pieces, texts, terminals, pad stacks).\n"
+    "Commands:\n";
+
+constexpr const char* kHelpEnd =
     "  --help, -h    Show this help.\n"
     "\n"
     "Exit status: 0 when the command succeeded, 1 when it failed (the reason is\n"
     "written to standard error), 2 when the command line is wrong.\n";
 
-bool IsHelp(const std::string& arg) {
-    return arg == "--help" || arg == "-h";
-}
+constexpr const char* kInfoHelp =
+    "  info FILE     Show what the reader sees in a PADS ASCII file: its kind (decal\n"
+    "                library, parttype library, PCB ASCII file), format version and\n"
+    "                units, then the name, unit letter and counts of every decal\n"
+    "                record (attributes, labels, pieces, texts, terminals, pad stacks).\n";
 
-int UsageError(std::ostream& err, const std::string& problem) {
-    err << "zantor: " << problem << '\n' << kUsage;
-    return kExitUsage;
-}
+// A command gets the arguments after its name.
+using CommandRunner = int (*)(const std::vector<std::string>& args, std::ostream& out,
+                              std::ostream& err);
+
+struct Command {
+    std::string_view name;
+    const char* help;  // its lines of `zantor --help`
+    CommandRunner run;
+};
 
 int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    if (args.size() == 2 && IsHelp(args[1])) {
-        out << kHelp;
-        return kExitOk;
-    }
-    if (args.size() != 2) {
-        return UsageError(err, "info takes one FILE");
+    if (args.size() != 1) {
+        return ReportUsageError(err, "info takes one FILE");
     }
     try {
-        WriteFileSummary(args[1], out);
-    } catch (const Error& error) {
-        out.flush();
-        err << "zantor: " << error.what() << '\n';
-        return kExitFailure;
+        WriteFileSummary(args[0], out);
     } catch (const std::exception& error) {
         out.flush();
-        err << "zantor: unexpected failure: " << error.what() << '\n';
-        return kExitFailure;
+        return ReportFailure(err, error);
     }
     return kExitOk;
 }
 
+// The commands in the order of the help text.
+const Command kCommands[] = {
+    {"info", kInfoHelp, RunInfo},
+    {"list", kListCommandHelp, RunListCommand},
+};
+
+bool IsHelp(const std::string& arg) {
+    return arg == "--help" || arg == "-h";
+}
+
+void WriteHelp(std::ostream& out) {
+    out << kHelpIntroduction;
+    for (const Command& command : kCommands) {
+        out << command.help;
+    }
+    out << kHelpEnd;
+}
+
 }  // namespace
+
+int ReportUsageError(std::ostream& err, const std::string& problem) {
+    err << "zantor: " << problem << '\n' << kUsage;
+    return kExitUsage;
+}
+
+int ReportFailure(std::ostream& err, const std::exception& error) {
+    if (dynamic_cast<const Error*>(&error) != nullptr) {
+        err << "zantor: " << error.what() << '\n';
+    } else {
+        err << "zantor: unexpected failure: " << error.what() << '\n';
+    }
+    return kExitFailure;
+}
 
 int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     if (args.empty()) {
-        return UsageError(err, "no command given");
+        return ReportUsageError(err, "no command given");
     }
-    const std::string& command = args[0];
-    if (IsHelp(command)) {
-        out << kHelp;
+    if (std::any_of(args.begin(), args.end(), IsHelp)) {
+        WriteHelp(out);
         return kExitOk;
     }
-    if (command == "info") {
-        return RunInfo(args, out, err);
+    const std::string& name = args[0];
+    for (const Command& command : kCommands) {
+        if (command.name == name) {
+            return command.run(std::vector<std::string>(std::next(args.begin()), args.end()), out,
+                               err);
+        }
     }
-    return UsageError(err, "unknown command \"" + command + "\"");
+    return ReportUsageError(err, "unknown command \"" + name + "\"");
 }
 
 }  // namespace zantor

@@ -2,6 +2,7 @@
 
 // The command line of the zantor program: commands, usage and exit status.
 
+#include <exception>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -15,5 +16,10 @@ inline constexpr int kExitUsage = 2;    // the command line itself is wrong
 // Runs the command given by `args` (the arguments after the program name) and returns the exit
 // status. Results go to `out`; messages about failures and usage go to `err`.
 int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+// For the commands: writes "zantor: " + `problem` and the usage hint to `err`; returns kExitUsage.
+int ReportUsageError(std::ostream& err, const std::string& problem);
+// For the commands: writes the message of a failed operation to `err`; returns kExitFailure.
+int ReportFailure(std::ostream& err, const std::exception& error);
 
 }  // namespace zantor
