@@ -1,7 +1,5 @@
 #include "library/decal_reader.h"
 
-#include <algorithm>
-#include <limits>
 #include <stdexcept>
 
 #include "common/errors.h"
@@ -12,91 +10,6 @@ namespace {
 
 constexpr std::string_view kDecalSection = "*PARTDECAL*";
 constexpr std::string_view kRemark = "*REMARK*";
-
-const char* CountName(CountField field) {
-    switch (field) {
-        case CountField::Attributes:
-            return "attribute";
-        case CountField::Labels:
-            return "label";
-        case CountField::Pieces:
-            return "piece";
-        case CountField::Texts:
-            return "text";
-        case CountField::Terminals:
-            return "terminal";
-        case CountField::Stacks:
-            return "pad-stack";
-    }
-    return "";
-}
-
-std::uint16_t& CountSlot(DecalCounts& counts, CountField field) {
-    switch (field) {
-        case CountField::Attributes:
-            return counts.attributes;
-        case CountField::Labels:
-            return counts.labels;
-        case CountField::Pieces:
-            return counts.pieces;
-        case CountField::Texts:
-            return counts.texts;
-        case CountField::Terminals:
-            return counts.terminals;
-        case CountField::Stacks:
-            break;
-    }
-    return counts.stacks;
-}
-
-std::uint16_t ReadCount(std::string_view word, CountField field, const std::string& decal,
-                        const TextPlace& place) {
-    std::string what = std::string("the ") + CountName(field) + " count of decal " + decal;
-    long long value = 0;
-    try {
-        value = WholeNumber(word, place);
-    } catch (const ConversionError&) {
-        throw ConversionError(what + " is not a number: \"" + std::string(word) + "\"",
-                              std::string(place.file), place.line);
-    } catch (const RangeError&) {
-        value = -1;  // reported below with the other counts out of range
-    }
-    if (value < 0 || value > std::numeric_limits<std::uint16_t>::max()) {
-        throw RangeError(what + " is outside 0 to 65535: \"" + std::string(word) + "\"",
-                         std::string(place.file), place.line);
-    }
-    return static_cast<std::uint16_t>(value);
-}
-
-// `position` moved on by `count` lines, but not past `size`.
-std::size_t Skip(std::size_t position, unsigned long long count, std::size_t size) {
-    if (position >= size) {
-        return size;
-    }
-    return position +
-           static_cast<std::size_t>(std::min<unsigned long long>(count, size - position));
-}
-
-// The line count that word `wordNumber` (1-based) of a body line gives: corner lines of a piece,
-// stack lines of a pad stack. A negative count has no lines.
-unsigned long long LinesFollowing(const DecalRecord& record, std::size_t index, int wordNumber,
-                                  const char* what) {
-    std::string_view rest = record.lines[index];
-    std::string_view word;
-    for (int i = 0; i < wordNumber; ++i) {
-        word = TakeWord(rest);
-    }
-    const TextPlace place{record.fileName, record.LineNumberOf(index)};
-    long long count = 0;
-    try {
-        count = WholeNumber(word, place);
-    } catch (const ConversionError&) {
-        throw ConversionError(std::string("the ") + what + " of decal " + record.name +
-                                  " is not a number: \"" + std::string(word) + "\"",
-                              record.fileName, place.line);
-    }
-    return count < 0 ? 0 : static_cast<unsigned long long>(count);
-}
 
 std::string_view FirstWord(std::string_view line) {
     return TakeWord(line);
@@ -111,36 +24,35 @@ double UnitFactorFor(std::string_view unitLetter, bool basicUnits) {
     return unitLetter == "I" ? kMilUnitFactor : kMillimetreUnitFactor;
 }
 
-void LocateSections(DecalRecord& record) {
-    const FileDialect& dialect = record.header.dialect;
-    const DecalCounts& counts = record.counts;
-    const std::size_t size = record.lines.size();
+double DecalUnitFactor(const FileHeader& header, std::string_view unitLetter) {
+    if (header.pcbFile && header.version == 5) {
+        switch (header.units) {
+            case FileUnits::Basic:
+                return kBasicUnitFactor;
+            case FileUnits::Mils:
+                return kMilUnitFactor;
+            case FileUnits::Millimetres:
+                return kMillimetreUnitFactor;
+            case FileUnits::Inches:
+                return kInchUnitFactor;
+            case FileUnits::Unstated:
+                break;
+        }
+    }
+    return UnitFactorFor(unitLetter, header.basicUnits);
+}
 
-    std::size_t position = Skip(0, dialect.leadingLines, size);
-    if (dialect.attributesBeforePieces) {
-        position = Skip(position, counts.attributes, size);
+void LocateSections(DecalRecord& record) {
+    BodyLayout layout(record.header.dialect, record.counts, record.name, record.fileName);
+    for (std::size_t i = 0; i < record.lines.size(); ++i) {
+        layout.Take(record.lines[i], record.LineNumberOf(i));
     }
-    if (dialect.labelPlace == LabelPlace::BeforePieces) {
-        position = Skip(position, 1ULL * counts.labels * dialect.linesPerLabel, size);
-    }
-    record.firstPiece = position;
-    for (unsigned piece = 0; piece < counts.pieces && position < size; ++piece) {
-        position = Skip(position + 1,
-                        LinesFollowing(record, position, 2, "corner count of a piece"), size);
-    }
-    record.firstText = position;
-    position = Skip(position, 1ULL * counts.texts * dialect.linesPerText, size);
-    if (dialect.labelPlace == LabelPlace::AfterTexts) {
-        position = Skip(position, 1ULL * counts.labels * dialect.linesPerLabel, size);
-    }
-    record.firstTerminal = position;
-    position = Skip(position, counts.terminals, size);
-    record.firstStack = position;
-    for (unsigned stack = 0; stack < counts.stacks && position < size; ++stack) {
-        position = Skip(position + 1,
-                        LinesFollowing(record, position, 3, "line count of a pad stack"), size);
-    }
-    record.endOfStacks = position;
+    const BodySections sections = layout.Sections();
+    record.firstPiece = sections.firstPiece;
+    record.firstText = sections.firstText;
+    record.firstTerminal = sections.firstTerminal;
+    record.firstStack = sections.firstStack;
+    record.endOfStacks = sections.endOfStacks;
 }
 
 DecalReader::DecalReader(const std::filesystem::path& file) : lines_(file) {
@@ -189,8 +101,23 @@ void DecalReader::RestartAtDecals() {
     PositionAtDecals();
 }
 
+void DecalReader::MarkFound(std::string_view name, std::string_view rest) {
+    found_ = true;
+    foundName_ = name;
+    foundRest_ = rest;
+    foundLine_ = lines_.LineNumber();
+}
+
 bool DecalReader::FindDecal(std::string_view name) {
     found_ = false;
+    if (FramedByCounts()) {
+        // A library searched from its first line starts after the file header.
+        if (lines_.LineNumber() == 1 && !header_.pcbFile &&
+            (line_.starts_with('*') || line_.starts_with('!'))) {
+            Advance();
+        }
+        return SearchRecords(name);
+    }
     const std::string_view wanted = CutTo(name, kMaxDecalNameLength);
     for (;;) {
         std::string_view rest = line_;
@@ -198,10 +125,7 @@ bool DecalReader::FindDecal(std::string_view name) {
             if (IsBlankLine(rest)) {
                 return false;
             }
-            found_ = true;
-            foundName_ = wanted;
-            foundRest_ = rest;
-            foundLine_ = lines_.LineNumber();
+            MarkFound(wanted, rest);
             return true;
         }
         if (!Advance()) {
@@ -212,6 +136,10 @@ bool DecalReader::FindDecal(std::string_view name) {
 
 bool DecalReader::FindDecalFromStart(std::string_view name) {
     StartAtFirstRecord();
+    if (FramedByCounts()) {
+        found_ = false;
+        return SearchRecords(name);
+    }
     const std::string_view wanted = CutTo(name, kMaxDecalNameLength);
     for (;;) {
         SkipBlankLines();
@@ -228,6 +156,42 @@ bool DecalReader::FindDecalFromStart(std::string_view name) {
     }
 }
 
+bool DecalReader::SearchRecords(std::string_view name) {
+    const std::string_view wanted = CutTo(name, kMaxDecalNameLength);
+    for (;;) {
+        SkipToRecord();
+        if (ended_ || line_.starts_with('*')) {
+            return false;
+        }
+        std::string_view rest = line_;
+        if (CutTo(TakeWord(rest), kMaxDecalNameLength) == wanted) {
+            if (IsBlankLine(rest)) {
+                return false;
+            }
+            MarkFound(wanted, rest);
+            return true;
+        }
+        PassOverRecord();
+    }
+}
+
+void DecalReader::PassOverRecord() {
+    const FileDialect& dialect = header_.dialect;
+    // A record whose header or counts cannot be read is passed over up to its blank line: the
+    // search is after another record, and that one's errors are for the job that prints it.
+    try {
+        const DecalHeaderFields fields =
+            ReadDecalHeader(line_, dialect, TextPlace{FileName(), lines_.LineNumber()});
+        BodyLayout body(dialect, fields.counts, fields.name, FileName());
+        while (Advance() && !EndsRecord(line_, dialect, body)) {
+            body.Take(line_, lines_.LineNumber());
+        }
+    } catch (const Error&) {
+        while (Advance() && !IsBlankLine(line_) && !line_.starts_with('*')) {
+        }
+    }
+}
+
 void DecalReader::ReadRecord(DecalRecord& record) {
     if (!found_) {
         throw std::logic_error("DecalReader::ReadRecord called without a found decal header");
@@ -238,25 +202,33 @@ void DecalReader::ReadRecord(DecalRecord& record) {
     record.name = foundName_;
     record.headerLineNumber = foundLine_;
 
-    std::string_view rest = foundRest_;
-    record.unitLetter = TakeWord(rest);
-    record.unitFactor = UnitFactorFor(record.unitLetter, header_.basicUnits);
-    TakeWord(rest);  // the origin is not used: decals are drawn around their extents
-    TakeWord(rest);
-    record.counts = {};
-    const TextPlace place{FileName(), foundLine_};
-    for (CountField field : header_.dialect.Counts()) {
-        CountSlot(record.counts, field) = ReadCount(TakeWord(rest), field, record.name, place);
-    }
+    const DecalHeaderFields fields = ReadDecalHeaderAfterName(
+        foundName_, foundRest_, header_.dialect, TextPlace{FileName(), foundLine_});
+    record.unitLetter = fields.unitLetter;
+    record.unitFactor = DecalUnitFactor(header_, record.unitLetter);
+    record.counts = fields.counts;
     ReadBody(record);
     LocateSections(record);
 }
 
 void DecalReader::ReadBody(DecalRecord& record) {
     record.lines.clear();
-    const bool starLineEnds = header_.dialect.starLineEndsRecord;
-    while (Advance() && !IsBlankLine(line_) && !(starLineEnds && line_.starts_with('*'))) {
+    const FileDialect& dialect = header_.dialect;
+    BodyLayout body(dialect, record.counts, record.name, record.fileName);
+    while (Advance() && !EndsRecord(line_, dialect, body)) {
         record.lines.emplace_back(CutTo(line_, kMaxBodyLineLength));
+        // Only the end of the counted lines matters here; a count that is no number is reported
+        // when the sections are located.
+        if (dialect.framing == Framing::Counts) {
+            try {
+                body.Take(line_, lines_.LineNumber());
+            } catch (const ConversionError&) {
+                while (Advance() && !IsBlankLine(line_) && !line_.starts_with('*')) {
+                    record.lines.emplace_back(CutTo(line_, kMaxBodyLineLength));
+                }
+                return;
+            }
+        }
     }
 }
 
@@ -265,15 +237,12 @@ bool DecalReader::NextRecord(DecalRecord& record) {
         StartAtFirstRecord();
         iterating_ = true;
     }
-    SkipBlankLines();
+    SkipToRecord();
     if (ended_ || line_.starts_with('*')) {
         return false;
     }
     std::string_view rest = line_;
-    found_ = true;
-    foundName_ = CutTo(TakeWord(rest), kMaxDecalNameLength);
-    foundRest_ = rest;
-    foundLine_ = lines_.LineNumber();
+    MarkFound(CutTo(TakeWord(rest), kMaxDecalNameLength), rest);
     ReadRecord(record);
     return true;
 }
@@ -289,6 +258,12 @@ void DecalReader::StartAtFirstRecord() {
 
 void DecalReader::SkipBlankLines() {
     while (!ended_ && IsBlankLine(line_)) {
+        Advance();
+    }
+}
+
+void DecalReader::SkipToRecord() {
+    while (!ended_ && (IsBlankLine(line_) || (FramedByCounts() && line_.starts_with(kRemark)))) {
         Advance();
     }
 }

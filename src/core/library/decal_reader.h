@@ -12,6 +12,7 @@
 #include "library/decal_record.h"
 #include "library/file_header.h"
 #include "library/line_reader.h"
+#include "library/record_framing.h"
 
 namespace zantor {
 
@@ -20,14 +21,20 @@ inline constexpr double kBasicUnitFactor = 6.666666666666667e-07;  // 1/38100000
 inline constexpr double kMilUnitFactor = 0.0254;
 inline constexpr double kMillimetreUnitFactor = 1.0;
 
+inline constexpr double kInchUnitFactor = 25.4;
+
 // The unit factor of a decal: BASIC units of a PCB file win over the letter; "I" is mils; any
 // other letter is taken as millimetres.
 double UnitFactorFor(std::string_view unitLetter, bool basicUnits);
+// The unit factor of a decal of a file with `header`. PCB files of releases after version 4 write
+// every number in the units their header names (BASIC, MILS, METRIC or MM, INCHES or INCH), so
+// there the decal's letter only says what it was drawn in; everywhere else UnitFactorFor.
+double DecalUnitFactor(const FileHeader& header, std::string_view unitLetter);
 
 // Sets firstPiece, firstText, firstTerminal, firstStack and endOfStacks of a record from its
-// counts, its header's dialect and the corner and stack line counts in its body. Counts beyond
-// the body end at lines.size(). A corner or stack line count that is not a number is a
-// ConversionError naming the file and line.
+// counts, its header's dialect and the corner and stack line counts in its body (BodyLayout).
+// Counts beyond the body end at lines.size(). A corner or stack line count that is not a number
+// is a ConversionError naming the file and line.
 void LocateSections(DecalRecord& record);
 
 class DecalReader {
@@ -55,28 +62,34 @@ class DecalReader {
     void RestartAtDecals();
 
     // Searches from the current line on, the current line included: each line's first word, cut
-    // to kMaxDecalNameLength, is compared exactly with `name` (cut the same way). Any line is
-    // tested, not only decal headers. True when a line with that first word and further words is
-    // found; ReadRecord then reads its record. False at the end of the file, or when the name
-    // stands alone on its line (no header follows it; the reader stays on that line).
+    // to kMaxDecalNameLength, is compared exactly with `name` (cut the same way). In files framed
+    // by blank lines (versions 3 and 4) any line is tested, not only decal headers; in files
+    // framed by counts the search goes record by record (as FindDecalFromStart, from here) and
+    // a "*" line other than "*REMARK*" ends it. True when a line with that first word and
+    // further words is found; ReadRecord then reads its record. False at the end of the file (or
+    // of the decals), or when the name stands alone on its line (no header follows it; the
+    // reader stays on that line).
     bool FindDecal(std::string_view name);
     // Searches from the file's start header by header, for jobs that look a name up in several
-    // files: after a header that does not match, the lines up to the next line without a first
-    // word are passed over, and the next line that is not blank is the next header. Libraries
-    // start after their header line, PCB files at the first decal header.
+    // files: after a header that does not match, its record is passed over (up to the next line
+    // without a first word, or as the dialect frames records), and the next line that is not
+    // blank is the next header. Libraries start after their header line, PCB files at the first
+    // decal header.
     bool FindDecalFromStart(std::string_view name);
 
     // Reads the record whose header the last successful search stopped at: unit letter and
-    // factor, the counts of the dialect, then the body lines up to the next blank line or the end
-    // of the file, and locates the sections. Afterwards the current line is the blank line that
-    // ended the record. A count that is not a number is a ConversionError, one outside 0..65535 a
-    // RangeError, both naming file, line and the word.
+    // factor, the counts of the dialect, then the body lines as the dialect frames them (up to
+    // the next blank line, a "*" line where the dialect ends records there, a decal header after
+    // the counted lines, or the end of the file), and locates the sections. Afterwards the
+    // current line is the line that ended the record. A count that is not a number is a
+    // ConversionError, one outside 0..65535 a RangeError, both naming file, line and the word.
     void ReadRecord(DecalRecord& record);
 
     // Reads every decal record of the file in order, one per call, from the file's start on the
     // first call: the records of a library (after its header line, if it has one) or of a PCB
-    // file's "*PARTDECAL*" section. Blank lines between records are skipped; a line that starts
-    // with "*" ends the list. False when no record is left.
+    // file's "*PARTDECAL*" section. Blank lines between records are skipped (and "*REMARK*"
+    // lines in files framed by counts); another line that starts with "*" ends the list. False
+    // when no record is left.
     bool NextRecord(DecalRecord& record);
 
   private:
@@ -85,6 +98,15 @@ class DecalReader {
     // RestartAtDecals, and past a library's header line.
     void StartAtFirstRecord();
     void SkipBlankLines();
+    // Blank lines, and "*REMARK*" lines where records are framed by counts.
+    void SkipToRecord();
+    bool FramedByCounts() const { return header_.dialect.framing == Framing::Counts; }
+    // The record-by-record search of files framed by counts, from the current line.
+    bool SearchRecords(std::string_view name);
+    // From a header that is not the one looked for to the line that ends its record.
+    void PassOverRecord();
+    // Remembers the current line as the found header of `name`.
+    void MarkFound(std::string_view name, std::string_view rest);
 
     LineReader lines_;
     FileHeader header_;

@@ -45,6 +45,21 @@ class LineFields {
         : record_(record), rest_(record.lines[index]), lineNumber_(record.LineNumberOf(index)) {}
 
     void Skip() { TakeWord(rest_); }
+    bool HasWord() const { return !TrimBlanks(rest_).empty(); }
+    // Whether the next word reads as a number (a drill, rather than a plated flag).
+    bool NextIsNumber() const {
+        std::string_view rest = rest_;
+        const std::string_view word = TakeWord(rest);
+        if (word.empty()) {
+            return false;
+        }
+        try {
+            RealNumber(word);
+            return true;
+        } catch (const Error&) {
+            return false;
+        }
+    }
 
     std::string Text(std::size_t maxLength) {
         return std::string(CutTo(TakeWord(rest_), maxLength));
@@ -104,12 +119,47 @@ PadStackEntry ReadStackHeader(LineFields& fields, DrillPlace drillPlace, long lo
     return header;
 }
 
-PadStackEntry ReadStackLine(LineFields& fields, DrillPlace drillPlace,
-                            const PadStackEntry& header) {
+// The drill a stack line gives after its shape fields (DrillPlace::AfterShapeFields).
+struct LineDrill {
+    bool given = false;
+    double drill = 0.0;
+    std::string plated;
+    double ori = 0.0;
+    double length = 0.0;
+    double offset = 0.0;
+};
+
+LineDrill ReadLineDrill(LineFields& fields) {
+    LineDrill drill;
+    if (!fields.NextIsNumber()) {
+        return drill;
+    }
+    drill.given = true;
+    drill.drill = fields.Real();
+    // A drill without a plated flag is plated.
+    drill.plated = fields.HasWord() ? fields.Text(kPlatedLength) : "P";
+    if (fields.HasWord()) {
+        drill.ori = fields.Real();
+        drill.length = fields.Real();
+        drill.offset = fields.Real();
+    }
+    return drill;
+}
+
+bool HasCorner(std::string_view shape) {
+    return shape == "S" || shape == "RF";
+}
+
+PadStackEntry ReadStackLine(LineFields& fields, const FileDialect& dialect,
+                            const PadStackEntry& header, LineDrill& lineDrill) {
     PadStackEntry entry = header;
     entry.layer = fields.Whole<std::int32_t>();
     entry.size = fields.Real();
     entry.shape = fields.Text(kShapeLength);
+    const bool corner = HasCorner(entry.shape);
+    if (corner && dialect.cornerPlace == CornerPlace::BeforeFinger) {
+        entry.corner = fields.Real();
+    }
     ShapeFields shape = FieldsOfShape(entry.shape);
     if (shape.finger) {
         entry.ori = fields.Real();
@@ -122,11 +172,33 @@ PadStackEntry ReadStackLine(LineFields& fields, DrillPlace drillPlace,
     if (shape.innerDiameter) {
         entry.lenOrInner = fields.Real();
     }
-    if (drillPlace == DrillPlace::EveryStackLine) {
-        entry.drill = fields.Real();
-        entry.plated = fields.Text(kPlatedLength);
+    if (corner && dialect.cornerPlace == CornerPlace::AfterFinger) {
+        entry.corner = fields.Real();
+    }
+    switch (dialect.drillPlace) {
+        case DrillPlace::EveryStackLine:
+            entry.drill = fields.Real();
+            entry.plated = fields.Text(kPlatedLength);
+            break;
+        case DrillPlace::AfterShapeFields:
+            lineDrill = ReadLineDrill(fields);
+            break;
+        case DrillPlace::StackHeader:
+        case DrillPlace::Nowhere:
+            break;
     }
     return entry;
+}
+
+// The first drill the lines of a stack give holds for all of them, as a header's drill does.
+void ApplyStackDrill(PadStackList& list, std::size_t start, const LineDrill& drill) {
+    for (std::size_t i = start; i < list.size(); ++i) {
+        list[i].drill = drill.drill;
+        list[i].plated = drill.plated;
+        list[i].drillOri = drill.ori;
+        list[i].drillLength = drill.length;
+        list[i].drillOffset = drill.offset;
+    }
 }
 
 // Everything but the pin range.
@@ -223,7 +295,8 @@ std::size_t StackEnd(const PadStackList& stacks, std::size_t first) {
 }  // namespace
 
 PadStackList ReadPadStacks(const DecalRecord& record) {
-    const DrillPlace drillPlace = record.header.dialect.drillPlace;
+    const FileDialect& dialect = record.header.dialect;
+    const DrillPlace drillPlace = dialect.drillPlace;
     PadStackList list;
     LineCursor cursor(record, record.firstStack);
 
@@ -241,10 +314,18 @@ PadStackList ReadPadStacks(const DecalRecord& record) {
         const PadStackEntry header = ReadStackHeader(headerFields, drillPlace, lineCount);
 
         const std::size_t start = list.size();
+        LineDrill stackDrill;
         for (long long line = 0; line < lineCount && !cursor.AtEnd(); ++line) {
             LineFields fields(record, cursor.Position());
             cursor.Take();
-            list.push_back(ReadStackLine(fields, drillPlace, header));
+            LineDrill lineDrill;
+            list.push_back(ReadStackLine(fields, dialect, header, lineDrill));
+            if (lineDrill.given && !stackDrill.given) {
+                stackDrill = lineDrill;
+            }
+        }
+        if (drillPlace == DrillPlace::AfterShapeFields) {
+            ApplyStackDrill(list, start, stackDrill);
         }
         const std::size_t size = list.size() - start;
 
@@ -263,6 +344,10 @@ PadStackList ReadPadStacks(const DecalRecord& record) {
         previousPinLast = header.pinLast;
     }
     return list;
+}
+
+bool IsAntiPad(const PadStackEntry& entry) {
+    return entry.shape == "RA" || entry.shape == "SA";
 }
 
 bool SameStack(const PadStackEntry& a, const PadStackEntry& b) {

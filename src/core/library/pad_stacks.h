@@ -30,6 +30,9 @@ struct PadStackEntry {
     double lenOrInner = 0.0;     // finger length (OF, RF) or inner diameter (A, RT, ST)
     double offsetOrSpoke = 0.0;  // finger offset (OF, RF) or spoke width (RT, ST)
     std::uint16_t spokes = 0;    // thermal spokes (RT, ST)
+    // Corners of an "S" or "RF" pad, in the files that write them: 0 square, > 0 the radius of
+    // rounded corners, < 0 the size of chamfered ones.
+    double corner = 0.0;
 
     bool operator==(const PadStackEntry&) const = default;
 };
@@ -39,18 +42,23 @@ struct PadStackEntry {
 using PadStackList = std::vector<PadStackEntry>;
 
 // Reads the record's counts.stacks "PAD" blocks from record.firstStack and merges identical
-// consecutive stacks. Where the drill stands is the file dialect's drillPlace. A body shorter
-// than its counts ends the reading at its last line. A number field that is not a number is a
-// ConversionError naming the decal, the file and the line (a whole number beyond its field's
-// range a RangeError).
+// consecutive stacks. Where the drill stands is the file dialect's drillPlace, where the corner of
+// "S" and "RF" pads its cornerPlace. Every line of a stack is kept, in file order, also several
+// lines for one layer, anti-pads and the mask and paste layers. A body shorter than its counts
+// ends the reading at its last line. A number field that is not a number is a ConversionError
+// naming the decal, the file and the line (a whole number beyond its field's range a RangeError).
 PadStackList ReadPadStacks(const DecalRecord& record);
+
+// An anti-pad ("RA" round, "SA" square): the clearance round a pin in a plane layer, which is
+// not copper and is not drawn as a pad.
+bool IsAntiPad(const PadStackEntry& entry);
 
 // Whether two entries belong to the same stack.
 bool SameStack(const PadStackEntry& a, const PadStackEntry& b);
 
 // The entry for `pin` on `layer`: from the pin's own stack, else from the default stack at the
-// head of the list; nullptr when that stack has no line for the layer. The pointer is into
-// `stacks`.
+// head of the list; nullptr when that stack has no line for the layer. With several lines for
+// the layer it is the first of them. The pointer is into `stacks`.
 const PadStackEntry* FindStackEntry(const PadStackList& stacks, std::int32_t pin,
                                     std::int32_t layer);
 

@@ -1,7 +1,9 @@
 #include "plot/pieces.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <numbers>
 #include <optional>
 #include <string_view>
 
@@ -10,7 +12,7 @@
 namespace zantor {
 namespace {
 
-enum class Shape { Polyline, FilledPolygon, Circles, FilledCircles };
+enum class Shape { Polyline, FilledPolygon, Circles, FilledCircles, Nothing };
 
 struct PieceKind {
     std::string_view keyword;
@@ -38,43 +40,121 @@ constexpr std::array<PieceKind, 17> kPieceKinds{{
     {"BASPNT", kPenOutline, Shape::Polyline},
 }};
 
-// The extents count a different set of circles than the drawing: CIRCUT by its corners only, and
-// COPCCO (which the drawing rejects) as a circle.
+// Kinds that files after version 4 use in decals as well: grouping brackets round copper with its
+// cutouts or round dimensions (nothing to draw), board outline circles and board cutouts, and
+// copper cutout circles.
+constexpr std::array<PieceKind, 5> kNewerPieceKinds{{
+    {"TAG", kPenOutline, Shape::Nothing},
+    {"BRDCIR", kPenOutline, Shape::Circles},
+    {"BRDCUT", kPenOutline, Shape::Polyline},
+    {"BRDCCO", kPenOutline, Shape::Circles},
+    {"COPCCO", kPenCutout, Shape::Circles},
+}};
+
+// The extents count a different set of circles than the drawing in versions 3 and 4: CIRCUT by
+// its corners only, and COPCCO (which their drawing rejects) as a circle.
 constexpr std::array<std::string_view, 4> kExtentCircles{"CIRCLE", "COPCIR", "COPCCO", "KPTCIR"};
 
 // Filled polygons are drawn with a fixed thin border whatever width the file gives.
 constexpr double kFilledPieceWidth = 0.25;
+// An arc of a filled piece becomes chords of at most this many degrees.
+constexpr double kDegreesPerChord = 10;
 
-std::optional<PieceKind> Classify(std::string_view keyword) {
+std::optional<PieceKind> Classify(std::string_view keyword, bool newerKinds) {
     for (const PieceKind& kind : kPieceKinds) {
         if (kind.keyword == keyword) {
             return kind;
         }
     }
+    if (newerKinds) {
+        for (const PieceKind& kind : kNewerPieceKinds) {
+            if (kind.keyword == keyword) {
+                return kind;
+            }
+        }
+    }
     return std::nullopt;
 }
 
-// A line or polygon piece: arcs are drawn between corners of open outlines, filled outlines use
-// straight chords through the polygon buffer.
+PenStyle StyleOfLine(std::optional<std::int32_t> lineStyle) {
+    switch (lineStyle.value_or(-1)) {
+        case -2:
+            return PenStyle::Dash;
+        case 0:  // the dotted style of old files
+        case -3:
+            return PenStyle::Dot;
+        case -4:
+            return PenStyle::DashDot;
+        case -5:
+            return PenStyle::DashDotDot;
+        default:
+            return PenStyle::Solid;
+    }
+}
+
+// The circle of an arc's box.
+struct ArcCircle {
+    double cx, cy, r;
+};
+
+ArcCircle CircleOfBox(const PieceCorner& corner) {
+    return {(corner.x1 + corner.x2) / 2, (corner.y1 + corner.y2) / 2,
+            (std::fabs(corner.x2 - corner.x1) + std::fabs(corner.y2 - corner.y1)) / 4};
+}
+
+// The arc from `from` (which starts it) to `to`. The frame's arc runs counter-clockwise only; a
+// clockwise arc is the same arc with its ends exchanged. A whole turn goes round in two halves so
+// that it does not hang on the two ends meeting exactly.
+void DrawArc(PlotFrame& frame, const PieceCorner& from, const PieceCorner& to, bool wholeTurns) {
+    if (wholeTurns && std::fabs(from.sweep) >= 359.99) {
+        const ArcCircle circle = CircleOfBox(from);
+        const double ox = 2 * circle.cx - from.x;
+        const double oy = 2 * circle.cy - from.y;
+        frame.Arc(from.x1, from.y1, from.x2, from.y2, from.x, from.y, ox, oy);
+        frame.Arc(from.x1, from.y1, from.x2, from.y2, ox, oy, from.x, from.y);
+        return;
+    }
+    if (from.sweep >= 0) {
+        frame.Arc(from.x1, from.y1, from.x2, from.y2, from.x, from.y, to.x, to.y);
+    } else {
+        frame.Arc(from.x1, from.y1, from.x2, from.y2, to.x, to.y, from.x, from.y);
+    }
+}
+
+// Polygon points along the arc that `from` starts, between its ends: a filled piece of a later
+// file keeps its rounded corners round.
+void AddArcPoints(PlotFrame& frame, const PieceCorner& from, int& point) {
+    const ArcCircle circle = CircleOfBox(from);
+    const double start = std::atan2(from.y - circle.cy, from.x - circle.cx);
+    const double sweep = std::clamp(from.sweep, -360.0, 360.0) * std::numbers::pi / 180;
+    const int chords =
+        std::max(1, static_cast<int>(std::ceil(std::fabs(from.sweep) / kDegreesPerChord)));
+    for (int i = 1; i < chords && point < kPolygonPoints; ++i) {
+        const double angle = start + sweep * i / chords;
+        frame.AddPolygonPoint(++point, circle.cx + circle.r * std::cos(angle),
+                              circle.cy + circle.r * std::sin(angle));
+    }
+}
+
+// A line or polygon piece: arcs are drawn between corners of open outlines. Filled outlines use
+// straight chords through the polygon buffer: between corners in versions 3 and 4, along the arc
+// in later files.
 void DrawOutline(PlotFrame& frame, const DecalRecord& record, std::size_t first, int corners,
                  bool filled) {
+    const bool newer = record.header.dialect.newerPieceKinds;
     PieceCorner previous;
+    int point = 0;
     for (int n = 1; n <= corners && first + (n - 1) < record.lines.size(); ++n) {
         const PieceCorner corner = ReadPieceCorner(record, first + (n - 1));
         if (filled) {
-            frame.AddPolygonPoint(n, corner.x, corner.y);
+            if (newer && n > 1 && previous.StartsArc()) {
+                AddArcPoints(frame, previous, point);
+            }
+            frame.AddPolygonPoint(newer ? ++point : n, corner.x, corner.y);
         } else if (n == 1) {
             frame.MoveTo(corner.x, corner.y);
         } else if (previous.StartsArc()) {
-            // The frame's arc runs counter-clockwise only; a clockwise arc is the same arc
-            // with its ends exchanged.
-            if (previous.sweep >= 0) {
-                frame.Arc(previous.x1, previous.y1, previous.x2, previous.y2, previous.x,
-                          previous.y, corner.x, corner.y);
-            } else {
-                frame.Arc(previous.x1, previous.y1, previous.x2, previous.y2, corner.x, corner.y,
-                          previous.x, previous.y);
-            }
+            DrawArc(frame, previous, corner, newer);
             frame.MoveTo(corner.x, corner.y);
         } else {
             frame.LineTo(corner.x, corner.y);
@@ -89,6 +169,7 @@ void DrawOutline(PlotFrame& frame, const DecalRecord& record, std::size_t first,
 // Circle pieces: every corner after the first makes a circle with the first.
 void DrawCircles(PlotFrame& frame, const DecalRecord& record, std::size_t first, int corners,
                  bool filled, double width) {
+    const bool diameter = record.header.dialect.circleRule == CircleRule::Diameter;
     double x1 = 0;
     double y1 = 0;
     for (int n = 1; n <= corners && first + (n - 1) < record.lines.size(); ++n) {
@@ -100,9 +181,14 @@ void DrawCircles(PlotFrame& frame, const DecalRecord& record, std::size_t first,
         }
         const double cx = (x1 + corner.x) / 2;
         const double cy = (y1 + corner.y) / 2;
-        // Two corners on a horizontal or a vertical diameter give the exact circle.
-        const double r = std::fabs(cx - x1) >= std::fabs(cy - y1) ? std::fabs(x1 - corner.x) / 2
-                                                                  : std::fabs(y1 - corner.y) / 2;
+        double r = 0;
+        if (diameter) {
+            r = std::hypot(corner.x - x1, corner.y - y1) / 2;
+        } else {
+            // Two corners on a horizontal or a vertical diameter give the exact circle.
+            r = std::fabs(cx - x1) >= std::fabs(cy - y1) ? std::fabs(x1 - corner.x) / 2
+                                                         : std::fabs(y1 - corner.y) / 2;
+        }
         if (filled) {
             frame.FilledCircle(cx - r, cy - r, cx + r, cy + r, 2 * r);
         } else {
@@ -111,20 +197,45 @@ void DrawCircles(PlotFrame& frame, const DecalRecord& record, std::size_t first,
     }
 }
 
+std::size_t AfterCorners(std::size_t header, std::int32_t corners) {
+    return header + 1 + static_cast<std::size_t>(corners > 0 ? corners : 0);
+}
+
+bool IsExtentCircle(std::string_view keyword, const FileDialect& dialect) {
+    if (dialect.circleRule == CircleRule::AxisDistance) {
+        return std::find(kExtentCircles.begin(), kExtentCircles.end(), keyword) !=
+               kExtentCircles.end();
+    }
+    const std::optional<PieceKind> kind = Classify(keyword, true);
+    return kind && (kind->shape == Shape::Circles || kind->shape == Shape::FilledCircles);
+}
+
 }  // namespace
 
+bool UnknownPieceReports::FirstTime(std::string_view keyword) {
+    return reported_.emplace(keyword).second;
+}
+
 void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
-                UserMessages& messages) {
+                UserMessages& messages, UnknownPieceReports& reports) {
     if (record.counts.pieces == 0) {
         return;
     }
+    const FileDialect& dialect = record.header.dialect;
     std::size_t at = record.firstPiece;
     for (int piece = 0; piece < record.counts.pieces && at < record.lines.size(); ++piece) {
         const std::string keyword = ReadPieceKeyword(record, at);
-        const std::optional<PieceKind> kind = Classify(keyword);
-        if (!kind) {
+        const std::optional<PieceKind> kind = Classify(keyword, dialect.newerPieceKinds);
+        if (!kind && !dialect.newerPieceKinds) {
             messages.ShowError("Unknown drawing item: " + keyword);
             return;
+        }
+        if (!kind || kind->shape == Shape::Nothing) {
+            if (!kind && reports.FirstTime(keyword)) {
+                messages.ShowError("Unknown drawing item: " + keyword);
+            }
+            at = AfterCorners(at, ReadPieceCornerCount(record, at).corners);
+            continue;
         }
         const bool readPin = kind->pen != kPenOutline && kind->pen != kPenKeepout;
         const PieceHeader header = ReadPieceHeader(record, at, readPin);
@@ -147,6 +258,11 @@ void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
 
         const std::size_t firstCorner = at + 1;
         if (drawn) {
+            const PenStyle before = frame.Canvas().PenStyleNow();
+            const bool styled = header.lineStyle && kind->pen == kPenOutline;
+            if (styled) {
+                frame.SetPenStyle(StyleOfLine(header.lineStyle));
+            }
             switch (kind->shape) {
                 case Shape::Polyline:
                 case Shape::FilledPolygon:
@@ -157,23 +273,34 @@ void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
                     DrawCircles(frame, record, firstCorner, header.corners,
                                 kind->shape == Shape::FilledCircles, width);
                     break;
+                case Shape::Nothing:
+                    break;
+            }
+            if (styled) {
+                frame.SetPenStyle(before);
             }
         }
-        at = firstCorner + static_cast<std::size_t>(header.corners > 0 ? header.corners : 0);
+        at = AfterCorners(at, header.corners);
     }
     frame.SetFillStyle(FillStyle::Solid);
 }
 
+void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
+                UserMessages& messages) {
+    UnknownPieceReports reports;
+    DrawPieces(frame, record, outlinesOnly, messages, reports);
+}
+
 void PieceExtents(const DecalRecord& record, DecalExtents& extents) {
+    const FileDialect& dialect = record.header.dialect;
+    const bool diameter = dialect.circleRule == CircleRule::Diameter;
     std::size_t at = record.firstPiece;
     for (int piece = 0; piece < record.counts.pieces && at < record.lines.size(); ++piece) {
         const PieceHeader header = ReadPieceCornerCount(record, at);
-        bool circle = false;
-        for (std::string_view keyword : kExtentCircles) {
-            circle = circle || keyword == header.keyword;
-        }
+        const bool circle = IsExtentCircle(header.keyword, dialect);
         ++at;
         double firstX = 0;
+        double firstY = 0;
         for (int n = 1; n <= header.corners && at < record.lines.size(); ++n, ++at) {
             const PieceCorner corner = ReadPieceCorner(record, at);
             extents.Widen(corner.x, corner.y);
@@ -183,6 +310,13 @@ void PieceExtents(const DecalRecord& record, DecalExtents& extents) {
             }
             if (circle && n == 1) {
                 firstX = corner.x;
+                firstY = corner.y;
+            } else if (circle && diameter) {
+                const double r = std::hypot(corner.x - firstX, corner.y - firstY) / 2;
+                const double cx = (firstX + corner.x) / 2;
+                const double cy = (firstY + corner.y) / 2;
+                extents.Widen(cx - r, cy - r);
+                extents.Widen(cx + r, cy + r);
             } else if (circle && n == 2) {
                 // The whole distance, not the radius: a circle on a horizontal diameter keeps
                 // its full diameter free above and below its second corner.

@@ -1,5 +1,6 @@
 #include "plot/record_fields.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "common/errors.h"
@@ -63,14 +64,41 @@ PieceHeader ReadPieceCornerCount(const DecalRecord& record, std::size_t index) {
 }
 
 PieceHeader ReadPieceHeader(const DecalRecord& record, std::size_t index, bool readPin) {
+    const PieceLayout layout = record.header.dialect.pieceLayout;
     FieldReader reader(record, index);
     PieceHeader header;
     header.keyword = std::string(reader.Word());
     header.corners = reader.Whole();
     header.width = reader.Real();
-    header.layer = reader.Whole();
-    if (readPin) {
+    switch (layout) {
+        case PieceLayout::Layer:
+            header.layer = reader.Whole();
+            break;
+        case PieceLayout::LayerThenLineStyle:
+            header.layer = reader.Whole();
+            header.lineStyle = reader.OptionalWhole();
+            break;
+        case PieceLayout::LineStyleThenLayer:
+            header.lineStyle = reader.Whole();
+            header.layer = reader.Whole();
+            break;
+    }
+    if (!readPin) {
+        return header;
+    }
+    if (!record.header.dialect.newerPieceKinds) {
         header.pin = reader.OptionalWhole();
+        return header;
+    }
+    const std::string_view word = reader.Word();
+    try {
+        if (!word.empty()) {
+            header.pin = static_cast<std::int32_t>(
+                std::clamp<long long>(WholeNumber(word), std::numeric_limits<std::int32_t>::min(),
+                                      std::numeric_limits<std::int32_t>::max()));
+        }
+    } catch (const Error&) {
+        header.pin.reset();
     }
     return header;
 }
@@ -88,6 +116,10 @@ PieceCorner ReadPieceCorner(const DecalRecord& record, std::size_t index) {
         corner.x2 = reader.Real();
         corner.y2 = reader.Real();
     }
+    if (record.header.dialect.arcAnglesInTenths) {
+        corner.startAngle /= 10;
+        corner.sweep /= 10;
+    }
     return corner;
 }
 
@@ -100,8 +132,13 @@ TextHeader ReadTextHeader(const DecalRecord& record, std::size_t index) {
     header.layer = reader.Whole();
     header.size = reader.Real();
     header.lineWidth = reader.Real();
-    header.mirror = reader.Word() == "M";
+    header.mirror = reader.Word() == record.header.dialect.mirrorWord;
     return header;
+}
+
+std::size_t TextLineOf(const DecalRecord& record, std::size_t headerIndex) {
+    const std::size_t lines = record.header.dialect.linesPerText;
+    return headerIndex + (lines > 2 ? lines - 1 : 1);
 }
 
 }  // namespace zantor

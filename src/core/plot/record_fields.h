@@ -48,6 +48,9 @@ struct PieceHeader {
     std::int32_t corners = 0;
     double width = 0;  // library units
     std::int32_t layer = 0;
+    // The line style of the dialects that write one (1 or -1 solid, -2 dashed, -3 dotted, -4
+    // dash-dot, -5 dash-double-dot, 0 the old dotted; keepouts keep restriction bits there).
+    std::optional<std::int32_t> lineStyle;
     std::optional<std::int32_t> pin;  // only read when the caller asks for it
 };
 
@@ -56,12 +59,16 @@ struct PieceHeader {
 std::string ReadPieceKeyword(const DecalRecord& record, std::size_t index);
 // Keyword and corner count only (what walking the pieces needs).
 PieceHeader ReadPieceCornerCount(const DecalRecord& record, std::size_t index);
-// All fields; `readPin`: whether a pin number may follow the layer.
+// All fields, where the record's dialect puts them (its pieceLayout); `readPin`: whether a pin
+// number may follow the layer (and line style). In versions 3 and 4 that word must be a whole
+// number when it is there; later files may write other things there (keepout restrictions such as
+// "RC"), so a word that is no whole number is no pin.
 PieceHeader ReadPieceHeader(const DecalRecord& record, std::size_t index, bool readPin);
 
 struct PieceCorner {
     double x = 0;
     double y = 0;
+    // Degrees, whatever the file writes (dialects with tenths of a degree are converted).
     double startAngle = 0;
     double sweep = 0;  // degrees, positive counter-clockwise
     // The box of the arc's circle; read only when an angle is not 0.
@@ -82,9 +89,13 @@ struct TextHeader {
     std::int32_t layer = 0;
     double size = 0;
     double lineWidth = 0;  // library units
-    bool mirror = false;
+    bool mirror = false;   // the 7th word is the dialect's mirrorWord ("M", or "1" in libraries)
 };
 
 TextHeader ReadTextHeader(const DecalRecord& record, std::size_t index);
+
+// The body line that holds the text of the text record whose header is body line
+// `headerIndex`: the record's last line, after its header and any font line.
+std::size_t TextLineOf(const DecalRecord& record, std::size_t headerIndex);
 
 }  // namespace zantor

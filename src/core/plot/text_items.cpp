@@ -35,10 +35,11 @@ TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const
     for (int item = 0; item < record.counts.texts && at < record.lines.size();
          ++item, at += linesPerText) {
         const TextHeader header = ReadTextHeader(record, at);
-        const std::string& text = BodyLine(record, at + 1);
+        const std::size_t textLine = TextLineOf(record, at);
+        const std::string& text = BodyLine(record, textLine);
 
         if (text.starts_with("$ ")) {
-            FieldReader reader(record, at + 1);
+            FieldReader reader(record, textLine);
             result.nameSlot = NameSlot(reader.Word());
             result.labelValue = reader.Real();
             continue;
@@ -51,7 +52,7 @@ TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const
             }
             frame.SetColour(colour);
             result.largestComment = std::max(result.largestComment, n);
-            FieldReader reader(record, at + 1);
+            FieldReader reader(record, textLine);
             result.nameSlot = NameSlot(reader.Word());
             frame.PageText(reader.Rest(), 3.0, CommentLineY(page, n) + 1, 3.0, page.commentFont);
             continue;

@@ -102,8 +102,9 @@ TEST(AnalyseHeader, DialectOfLibrariesAndPcbFiles) {
     EXPECT_EQ(pcb.dialect.labelPlace, LabelPlace::Unread);
     EXPECT_EQ(pcb.dialect.drillPlace, DrillPlace::EveryStackLine);
 
+    // Libraries after version 4 keep the drill on the stack header, as version 4 does.
     EXPECT_EQ(AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*").dialect.drillPlace,
-              DrillPlace::Nowhere);
+              DrillPlace::StackHeader);
     // A header that is not analysed still has a usable dialect.
     EXPECT_EQ(FileHeader{}.dialect.Counts().size(), 6u);
 }
