@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 #include <cstdint>
 #include <limits>
 #include <string>
-#include <system_error>
 #include <unordered_map>
 #include <utility>
 
@@ -14,6 +12,7 @@
 #include "library/decal_record.h"
 #include "library/file_header.h"
 #include "library/line_reader.h"
+#include "library/record_framing.h"
 #include "library/words.h"
 #include "shell/identification.h"
 
@@ -108,28 +107,72 @@ class ItemLines {
     }
 
     // Passes over the rest of an item: lines up to the next blank line or the end of the file,
-    // and where the file's dialect says so, up to a line starting with "*".
-    void SkipToItemEnd(bool starLineEndsItem) {
+    // and where the file's layout says so, up to a section line such as "*END*".
+    void SkipToItemEnd(bool sectionLineEndsItem) {
         do {
             Read();
-        } while (!IsBlankLine(line_) && !AtEnd() && !(starLineEndsItem && line_.starts_with('*')));
+        } while (!IsBlankLine(line_) && !AtEnd() && !(sectionLineEndsItem && IsSectionLine()));
+    }
+
+    // Passes over the rest of a decal record of a dialect framed by counts: the body the counts
+    // announce, and after it any lines up to a blank line, a section line or the next decal
+    // header. A body whose piece or stack counts are not numbers is passed over up to the next
+    // blank line or section line instead: listing names does not need its body.
+    void SkipDecalRecord(const FileDialect& dialect, const DecalHeaderFields& header) {
+        BodyLayout body(dialect, header.counts, header.name, FileName());
+        bool countsHold = true;
+        for (;;) {
+            Read();
+            if (IsBlankLine(line_) || IsSectionLine() || AtEnd()) {
+                return;
+            }
+            if (countsHold && !body.WantsMore() && LooksLikeDecalHeader(line_, dialect)) {
+                return;
+            }
+            if (countsHold) {
+                try {
+                    body.Take(line_, reader_.LineNumber());
+                } catch (const ConversionError&) {
+                    countsHold = false;
+                }
+            }
+        }
     }
 
   private:
+    // A section line begins with a keyword between stars ("*END*     OF ASCII OUTPUT FILE",
+    // "*REMARK* AP", "*PARTTYPE*   ITEMS"). The text line of a text record may begin with a
+    // star too ("*", "*1"), and must not end its decal.
+    bool IsSectionLine() const {
+        std::string_view rest = line_;
+        const std::string_view word = TakeWord(rest);
+        if (word.size() < 3 || !word.starts_with('*') || !word.ends_with('*')) {
+            return false;
+        }
+        return std::all_of(word.begin() + 1, word.end() - 1, [](char c) {
+            return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
+        });
+    }
+
     LineReader reader_;
     std::string line_;
 };
 
-// Where the catalogue finds its fields in one file.
+// Where the catalogue finds its fields in one file. The decal fields follow the file's dialect;
+// the parttype and part fields, which only the catalogue reads, are decided here.
 struct CatalogueLayout {
     // V3 and V4 files: every field where those files put it, as the program has always read
     // them, quirks included.
     bool legacy = true;
+    FileDialect dialect;
     // A newer library without a header line starts with its first item.
     bool firstLineIsItem = false;
     // The word number of a decal header's terminal count. Old files take word 9 even in PCB
     // files, where it is the label count.
     std::size_t terminalWord = 9;
+    // Decal records end where their counts say (and at a blank line or a section line), so that
+    // records without blank lines between them are told apart.
+    bool decalsByCounts = false;
     // Newer parttype headers: whether a unit letter stands between the decal list and the logic
     // family, and which word after the logic family is the attribute count (0: none) and the
     // pin-name count.
@@ -138,29 +181,26 @@ struct CatalogueLayout {
     std::size_t parttypePinNameWord = 0;
     // Lines of each label record that follows a part line.
     std::size_t linesPerPartLabel = 2;
-    // A line starting with "*" ends an item even without a blank line before it.
-    bool starLineEndsItem = false;
+    // A section line ("*END*") ends an item even without a blank line before it.
+    bool sectionLineEndsItem = false;
     // A part type "type@decal" names the part's own decal after the "@".
     bool partTypeAtDecal = false;
     // A PCB file without parts offers all its decals.
     bool allDecalsWithoutParts = false;
 };
 
-// The number of a newer version text: "V9.5" 9.5, "V2005.0" 2005; 0 when there is none.
-double VersionNumber(std::string_view versionText) {
-    if (!versionText.starts_with('V')) {
-        return 0.0;
+// PCB parttype headers are NAME DECALS [UNITS] TYPE GATES SIGPINS PINNMS FLAGS ECO: V5 and the
+// 2005 release still write the unit letter, later releases do not.
+bool PcbParttypesHaveUnits(const FormatRelease& release) {
+    if (!release.Known()) {
+        return false;  // read as the newest
     }
-    versionText.remove_prefix(1);
-    double number = 0.0;
-    auto [end, error] =
-        std::from_chars(versionText.data(), versionText.data() + versionText.size(), number);
-    (void)end;
-    return error == std::errc() ? number : 0.0;
+    return release.IsYear() ? release.major <= 2005 : release.major < 6;
 }
 
 CatalogueLayout CatalogueLayoutFor(const FileHeader& header, int libraryVersion) {
     CatalogueLayout layout;
+    layout.dialect = header.dialect;
     if (libraryVersion == 3 || libraryVersion == 4) {
         return layout;
     }
@@ -171,23 +211,20 @@ CatalogueLayout CatalogueLayoutFor(const FileHeader& header, int libraryVersion)
     const auto counts = header.dialect.Counts();
     const auto terminals = std::find(counts.begin(), counts.end(), CountField::Terminals);
     layout.terminalWord = 5 + static_cast<std::size_t>(terminals - counts.begin());
-    const double version = VersionNumber(header.versionText);
-    const bool yearVersion = version >= 2000.0;
+    layout.decalsByCounts = header.dialect.framing == Framing::Counts;
     if (header.pcbFile) {
-        // PCB parttype headers: NAME DECALS [UNITS] TYPE GATES SIGPINS PINNMS FLAGS ECO. The
-        // units went away after V2005 and V5.x; label records gained their font line from V6.
-        layout.parttypeUnitsWord =
-            (version > 0.0 && version < 6.0) || (yearVersion && version < 2006.0);
+        layout.parttypeUnitsWord = PcbParttypesHaveUnits(header.release);
         layout.parttypeAttributeWord = 0;
         layout.parttypePinNameWord = 3;
-        layout.linesPerPartLabel = version > 0.0 && version < 6.0 ? 2 : 3;
+        // Part labels are written as the labels of the file's decals are.
+        layout.linesPerPartLabel = header.dialect.linesPerLabel;
     } else {
         // Library headers: name decals unit family attrs gates sigpins pinmap flag.
         layout.parttypeUnitsWord = true;
         layout.parttypeAttributeWord = 1;
         layout.parttypePinNameWord = 4;
     }
-    layout.starLineEndsItem = true;
+    layout.sectionLineEndsItem = true;
     layout.partTypeAtDecal = true;
     layout.allDecalsWithoutParts = true;
     return layout;
@@ -298,12 +335,24 @@ class CatalogueBuilder {
     void ListItems(bool listsParttypes) {
         while (lines_.NextItem()) {
             std::string_view rest = lines_.Line();
-            const std::string_view name = CutTo(TakeItemWord(rest), kMaxDecalNameLength);
+            std::string name(CutTo(TakeItemWord(rest), kMaxDecalNameLength));
             const bool wanted = search_.empty() || Contains(name, search_);
-            if (wanted && (listsParttypes ? ParttypePasses(name, rest) : DecalPasses(rest))) {
-                catalogue_.entries.push_back({std::string(name), false});
+            bool passes = false;
+            if (listsParttypes) {
+                passes = wanted && ParttypePasses(name, rest);
+                lines_.SkipToItemEnd(layout_.sectionLineEndsItem);
+            } else if (layout_.decalsByCounts) {
+                const DecalHeaderFields header =
+                    ReadDecalHeaderAfterName(name, rest, layout_.dialect, lines_.Place());
+                passes = wanted && PinCountPasses(header.counts.terminals);
+                lines_.SkipDecalRecord(layout_.dialect, header);
+            } else {
+                passes = wanted && DecalPasses(rest);
+                lines_.SkipToItemEnd(layout_.sectionLineEndsItem);
             }
-            lines_.SkipToItemEnd(layout_.starLineEndsItem);
+            if (passes) {
+                catalogue_.entries.push_back({std::move(name), false});
+            }
         }
     }
 
@@ -354,7 +403,10 @@ class CatalogueBuilder {
     bool DecalPasses(std::string_view rest) {
         // Word 1 is the name, already taken.
         SkipItemWords(rest, static_cast<int>(layout_.terminalWord) - 2);
-        const long long terminals = WholeNumber(TakeItemWord(rest), lines_.Place());
+        return PinCountPasses(WholeNumber(TakeItemWord(rest), lines_.Place()));
+    }
+
+    bool PinCountPasses(long long terminals) const {
         return pinFilter_ == 0 || terminals == pinFilter_;
     }
 
@@ -367,7 +419,7 @@ class CatalogueBuilder {
             std::string_view rest = lines_.Line();
             const std::string_view name = CutTo(TakeItemWord(rest), kMaxDecalNameLength);
             partTypes.Add(name, TakeItemWord(rest), lines_.Place());
-            lines_.SkipToItemEnd(layout_.starLineEndsItem);
+            lines_.SkipToItemEnd(layout_.sectionLineEndsItem);
         }
 
         std::unordered_map<std::string_view, std::size_t> entryOf;

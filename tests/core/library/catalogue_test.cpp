@@ -400,6 +400,29 @@ TEST(NewerCatalogue, V9LibraryEndsAtItsEndLine) {
     EXPECT_EQ(ListNames(library, PlotKind::Decal, Pins("8")), Names{"SOIC8"});
 }
 
+TEST(NewerCatalogue, RecordsFramedByTheirCounts) {
+    test::TempDir dir;
+    // Some exporters write records without blank lines between them; their counts tell where
+    // each ends. A body whose counts cannot be followed ends at the next blank line.
+    auto library = dir.WriteFile("packed.d",
+                                 "*PADS-LIBRARY-PCB-DECALS-V9*\n"
+                                 "A M 0 0 0 0 0 0 1 0 0\nT0 0 0 0 1\n"
+                                 "B M 0 0 0 0 1 0 2 0 0\nOPEN 2 0.1 26 -1\n0 0\n1 0\n"
+                                 "T0 0 0 0 1\nT1 0 1 0 2\n"
+                                 "C M 0 0 0 0 0 0 0 0 0\n"
+                                 "D M 0 0 0 0 1 0 1 0 0\nOPEN x 0.1 26 -1\n0 0\n"
+                                 "E M 0 0 0 0 0 0 0 0 0\nT0 0 0 0 1\n\n"
+                                 "F M 0 0 0 0 0 0 1 0 0\nT0 0 0 0 1\n*END*\n");
+    EXPECT_EQ(ListNames(library), (Names{"A", "B", "C", "D", "F"}));
+    EXPECT_EQ(ListNames(library, PlotKind::Decal, Pins("2")), Names{"B"});
+
+    auto board = dir.WriteFile("packed.asc",
+                               "!PADS-POWERPCB-V10.0-BASIC-250L! DESIGN DATABASE ASCII FILE 1.\n"
+                               "*PARTDECAL*\nA I 0 0 0 1 0 0 0\nT0 0 0 0 1\n"
+                               "B I 0 0 0 2 0 0 0\nT0 0 0 0 1\nT1 0 1 0 2\n*END*\n");
+    EXPECT_EQ(ListNames(board), (Names{"A", "B"}));
+}
+
 TEST(NewerCatalogue, V9ParttypeLibraryCounts) {
     // name decals unit family attrs gates sigpins pinmap flag
     const auto library = Fixture("v9_parttypes.p");
