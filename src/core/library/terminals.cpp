@@ -44,7 +44,8 @@ TerminalLine ReadTerminal(const DecalRecord& record, std::size_t lineIndex, int 
     terminal.labelX = Number(TakeWord(rest), record, index, place);
     terminal.labelY = Number(TakeWord(rest), record, index, place);
     const std::string_view name = TakeWord(rest);
-    terminal.pinName = name.empty() ? std::to_string(index) : std::string(name);
+    const bool named = record.header.dialect.pinNamesOnTerminals && !name.empty();
+    terminal.pinName = named ? std::string(name) : std::to_string(index);
     return terminal;
 }
 

@@ -17,14 +17,16 @@ struct TerminalLine {
     double y = 0.0;
     double labelX = 0.0;  // where the pin number is printed
     double labelY = 0.0;
-    // The pin name as the file writes it; files without one get the index as text.
+    // The pin name as the file writes it; terminals without one get the index as text.
     std::string pinName;
 
     bool operator==(const TerminalLine&) const = default;
 };
 
 // Reads the record's counts.terminals lines from record.firstTerminal: "T<x> <y> <nx> <ny>"
-// with the T glued to x, and an optional fifth word, the pin's name. A missing number reads as 0;
+// with the T glued to x, and, in files whose dialect writes pin names on terminal lines, an
+// optional fifth word, the pin's name (else the pin is named by its index). A missing number
+// reads as 0;
 // a body that ends before the count is reached ends the list there. A word that is not a number
 // is a ConversionError (a number too large for a double a RangeError), a line that does not begin
 // with "T" a FormatError, each naming the decal, the file and the line.

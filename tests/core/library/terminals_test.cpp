@@ -18,6 +18,7 @@ DecalRecord Decal(Texts terminalLines, std::uint16_t count) {
     DecalRecord record;
     record.fileName = "lib.d";
     record.name = "SON8";
+    record.header.dialect.pinNamesOnTerminals = true;
     record.headerLineNumber = 20;
     record.lines.push_back("OPEN 2 0.1 26");
     record.firstTerminal = 1;
@@ -37,6 +38,15 @@ TEST(ReadTerminals, ReadsPositionsLabelsAndPinNamesInFileOrder) {
                                          {2, 1235, -20, 0, 0, "2"},
                                          {3, 0, 0.3, 0, 0.3, "FRM-2"},
                                          {4, -12750000, -1275000, -12750000, -1275000, "MH2"}}));
+}
+
+TEST(ReadTerminals, FilesWithoutPinNamesNameTerminalsByTheirIndex) {
+    DecalRecord record = Decal({"T-0.95 -1.1 -0.95 -1.1 7", "T0.95 -1.1 0.95 -1.1 MH2"}, 2);
+    record.header.dialect.pinNamesOnTerminals = false;
+    const auto terminals = ReadTerminals(record);
+    ASSERT_EQ(terminals.size(), 2u);
+    EXPECT_EQ(terminals[0].pinName, "1");
+    EXPECT_EQ(terminals[1].pinName, "2");
 }
 
 TEST(ReadTerminals, StopsWhereTheCountOrTheBodyEnds) {

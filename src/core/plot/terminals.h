@@ -1,0 +1,44 @@
+#pragma once
+
+// Drawing the terminals of a decal: every pin's pads layer by layer, with the optional pin-1
+// diamond, pin-centre mark, drill hole and pin number, and the positions of terminals 1 and 2
+// that the title block measures.
+
+#include "font/stroke_font.h"
+#include "library/decal_record.h"
+#include "library/pad_stacks.h"
+#include "library/terminals.h"
+#include "plot/extents.h"
+#include "plot/plot_frame.h"
+
+namespace zantor {
+
+// Where terminals 1 and 2 were drawn, in library units. The decal page resets them to (0, 0) at
+// its start, so a decal without pin 2 keeps (0, 0) for terminal 2.
+struct TerminalMarks {
+    double terminal1X = 0.0;
+    double terminal1Y = 0.0;
+    double terminal2X = 0.0;
+    double terminal2Y = 0.0;
+};
+
+// Draws one terminal: for layers 30 down to -2 (so the top layer lands last) the pad of the pin on
+// that layer in the pad pen of the layer, its marks and drill, and the pin number as PinNoStyle
+// asks; records the positions of terminals 1 and 2 in `marks`. The pin's pads are those of the
+// stack for terminal.index, or of the default stack. `axis` says which way finger pads and drill
+// slots run at orientation 0; the default is how PADS draws them (see FileDialect::fingerAxis).
+void DrawTerminal(PlotFrame& frame, const StrokeFont& font, const PadStackList& stacks,
+                  const TerminalLine& terminal, TerminalMarks& marks,
+                  FingerAxis axis = FingerAxis::AlongXAtZero);
+
+// Draws every terminal of `record` in file order, with the finger axis of the record's file
+// dialect.
+void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const DecalRecord& record,
+                   const PadStackList& stacks, TerminalMarks& marks);
+
+// Widens `extents` by the position of every terminal of `record`. Pad sizes and label positions
+// are not counted, as piece widths are not: the extents are the decal's geometry, and the page
+// borders leave room for what stands out of it.
+void TerminalExtents(const DecalRecord& record, DecalExtents& extents);
+
+}  // namespace zantor
