@@ -1,0 +1,194 @@
+#include "library/record_framing.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "common/errors.h"
+#include "library/file_header.h"
+
+namespace zantor {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+const FileDialect& V9Library() {
+    static const FileDialect dialect = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*").dialect;
+    return dialect;
+}
+
+const FileDialect& V95Pcb() {
+    static const FileDialect dialect = AnalyseHeader("!PADS-POWERPCB-V9.5-MILS!").dialect;
+    return dialect;
+}
+
+// Frames `lines` (the lines after a header with `counts`) and returns the lines of the record.
+Texts Frame(const FileDialect& dialect, const DecalCounts& counts, const Texts& lines) {
+    BodyLayout body(dialect, counts, "X", "lib.d");
+    Texts taken;
+    for (const std::string& line : lines) {
+        if (EndsRecord(line, dialect, body)) {
+            break;
+        }
+        body.Take(line, 0);
+        taken.push_back(line);
+    }
+    return taken;
+}
+
+TEST(ReadDecalHeader, CountsInTheOrderOfTheDialect) {
+    const DecalHeaderFields library =
+        ReadDecalHeader("SO8 I -500 50 1 2 3 4 8 2 0", V9Library(), {"lib.d", 7});
+    EXPECT_EQ(library.name, "SO8");
+    EXPECT_EQ(library.unitLetter, "I");
+    EXPECT_EQ(library.counts.attributes, 1);
+    EXPECT_EQ(library.counts.labels, 2);
+    EXPECT_EQ(library.counts.pieces, 3);
+    EXPECT_EQ(library.counts.texts, 4);
+    EXPECT_EQ(library.counts.terminals, 8);
+    EXPECT_EQ(library.counts.stacks, 2);
+
+    const DecalHeaderFields pcb = ReadDecalHeader("SO8 M 0 0 3 8 2 4 2", V95Pcb(), {});
+    EXPECT_EQ(pcb.counts.pieces, 3);
+    EXPECT_EQ(pcb.counts.terminals, 8);
+    EXPECT_EQ(pcb.counts.stacks, 2);
+    EXPECT_EQ(pcb.counts.texts, 4);
+    EXPECT_EQ(pcb.counts.labels, 2);
+
+    try {
+        ReadDecalHeader("SO8 M 0 0 3 eight 2 4 2", V95Pcb(), {"board.asc", 12});
+        FAIL() << "no error";
+    } catch (const ConversionError& error) {
+        EXPECT_EQ(error.file(), "board.asc");
+        EXPECT_EQ(error.line(), 12);
+        EXPECT_EQ(error.message(), "the terminal count of decal SO8 is not a number: \"eight\"");
+    }
+    EXPECT_THROW(ReadDecalHeader("SO8 M 0 0 3 8 2 4 70000", V95Pcb(), {}), RangeError);
+}
+
+TEST(BodyLayout, TakesTheLinesTheCountsAnnounce) {
+    DecalCounts counts;
+    counts.pieces = 1;
+    counts.texts = 1;
+    counts.labels = 1;
+    counts.terminals = 1;
+    counts.stacks = 1;
+    // V9.5 PCB: piece, text of 3 lines, label of 3 lines, terminal, stack; then a new header.
+    const Texts lines = {"OPEN 2 0.1 -1 26",
+                         "0 0",
+                         "1 0",
+                         "0 0 0 26 1 0.1 N LEFT DOWN",
+                         "Regular <Romansim Stroke Font>",
+                         "U?",
+                         "VALUE 0 0 0 1 1 0.1 N LEFT UP",
+                         "Regular <Romansim Stroke Font>",
+                         "Part Type",
+                         "T0 0 0 0 1",
+                         "PAD 0 1",
+                         "-2 1 R",
+                         "NEXT M 0 0 0 0 0 0 0"};
+    BodyLayout body(V95Pcb(), counts, "X", "board.asc");
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+        EXPECT_TRUE(body.WantsMore()) << i;
+        EXPECT_FALSE(EndsRecord(lines[i], V95Pcb(), body)) << i;
+        body.Take(lines[i], 0);
+    }
+    EXPECT_FALSE(body.WantsMore());
+    EXPECT_TRUE(EndsRecord(lines.back(), V95Pcb(), body));
+    const BodySections sections = body.Sections();
+    EXPECT_EQ(sections.firstPiece, 0u);
+    EXPECT_EQ(sections.firstText, 3u);
+    EXPECT_EQ(sections.firstTerminal, 9u);
+    EXPECT_EQ(sections.firstStack, 10u);
+    EXPECT_EQ(sections.endOfStacks, 12u);
+}
+
+TEST(BodyLayout, ALeadingTimestampLineShiftsEverySection) {
+    DecalCounts counts;
+    counts.terminals = 2;
+    for (const bool timestamp : {false, true}) {
+        SCOPED_TRACE(timestamp);
+        BodyLayout body(V9Library(), counts, "X", "");
+        if (timestamp) {
+            body.Take("TIMESTAMP 2024.01.01.00.00.00", 0);
+        }
+        body.Take("T0 0 0 0 1", 0);
+        EXPECT_TRUE(body.WantsMore());
+        body.Take("T1 0 1 0 2", 0);
+        EXPECT_FALSE(body.WantsMore());
+        const std::size_t lead = timestamp ? 1 : 0;
+        EXPECT_EQ(body.Sections().firstPiece, lead);
+        EXPECT_EQ(body.Sections().firstTerminal, lead);
+        EXPECT_EQ(body.Sections().firstStack, lead + 2);
+        EXPECT_EQ(body.Taken(), lead + 2);
+    }
+    // Versions 3 and 4 have no such line: it is the first attribute line there.
+    counts.attributes = 1;
+    BodyLayout old(AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V4*").dialect, counts, "X", "");
+    old.Take("TIMESTAMP 2024.01.01.00.00.00", 0);
+    EXPECT_EQ(old.Sections().firstTerminal, 1u);
+}
+
+TEST(BodyLayout, ShortBodiesAndBadCounts) {
+    DecalCounts counts;
+    counts.pieces = 2;
+    counts.terminals = 3;
+    BodyLayout body(V9Library(), counts, "X", "");
+    body.Take("OPEN -4 0.1 26 -1", 0);  // a negative count announces no lines
+    body.Take("CLOSED 9 0.1 26 -1", 0);
+    body.Take("0 0", 0);
+    EXPECT_TRUE(body.WantsMore());
+    // Sections the body did not reach start where it ends.
+    EXPECT_EQ(body.Sections().firstPiece, 0u);
+    EXPECT_EQ(body.Sections().firstText, 3u);
+    EXPECT_EQ(body.Sections().endOfStacks, 3u);
+
+    BodyLayout bad(V9Library(), counts, "SO8", "lib.d");
+    try {
+        bad.Take("OPEN 2.5 0.1 26 -1", 41);
+        FAIL() << "no error";
+    } catch (const ConversionError& error) {
+        EXPECT_EQ(error.line(), 41);
+        EXPECT_EQ(error.message(),
+                  "the corner count of a piece of decal SO8 is not a number: \"2.5\"");
+    }
+}
+
+TEST(EndsRecord, BlankAndStarLinesAndHeadersAfterTheCounts) {
+    DecalCounts one;
+    one.terminals = 1;
+    // Records of versions 3 and 4 run to a blank line, whatever their counts.
+    const FileDialect old = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V4*").dialect;
+    EXPECT_EQ(Frame(old, one, {"T0 0 0 0 1", "*END*", "Y I 0 0 0 0 0 0 1 0", "", "Z"}),
+              (Texts{"T0 0 0 0 1", "*END*", "Y I 0 0 0 0 0 0 1 0"}));
+    // Later ones end at a "*" line, or at the next header once the counts are read.
+    EXPECT_EQ(Frame(V9Library(), one, {"T0 0 0 0 1", "*END*"}), (Texts{"T0 0 0 0 1"}));
+    EXPECT_EQ(Frame(V9Library(), one, {"T0 0 0 0 1", "Y I 0 0 0 0 0 0 1 0 0"}),
+              (Texts{"T0 0 0 0 1"}));
+    // A header-like line the counts still wait for is a body line; so is a line after the
+    // counts that is no header.
+    EXPECT_EQ(Frame(V9Library(), one, {"Y I 0 0 0 0 0 0 1 0 0", "-2 1 R", "", "T"}),
+              (Texts{"Y I 0 0 0 0 0 0 1 0 0", "-2 1 R"}));
+    // A blank line ends a short record.
+    DecalCounts three;
+    three.terminals = 3;
+    EXPECT_EQ(Frame(V95Pcb(), three, {"T0 0 0 0 1", "  ", "T1 0 1 0 2"}), (Texts{"T0 0 0 0 1"}));
+}
+
+TEST(LooksLikeDecalHeader, NameLetterOriginAndCounts) {
+    EXPECT_TRUE(LooksLikeDecalHeader("SO8 I -500 50.5 1 2 3 4 8 2 0", V9Library()));
+    EXPECT_TRUE(LooksLikeDecalHeader("SO8 M 0 0 3 8 2 4 2", V95Pcb()));
+    // Too few counts, a count that is negative or not whole, a unit that is no letter.
+    EXPECT_FALSE(LooksLikeDecalHeader("SO8 M 0 0 3 8 2 4", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("SO8 M 0 0 3 -8 2 4 2", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("SO8 M 0 0 3 8.5 2 4 2", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("SO8 MM 0 0 3 8 2 4 2", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("-2.1 0.0 -1800 1800 -2.1 -0.05 -2 0.05", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("VALUE 0 0 0.000 1 1905000 190500 N LEFT DOWN", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("SO8 M x 0 3 8 2 4 2", V95Pcb()));
+    EXPECT_FALSE(LooksLikeDecalHeader("", V95Pcb()));
+}
+
+}  // namespace
+}  // namespace zantor
