@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/errors.h"
+#include "library/file_header.h"
 
 namespace zantor {
 namespace {
@@ -146,6 +147,64 @@ TEST(ReadPadStacks, ANumberFieldThatIsNoNumberNamesDecalAndLine) {
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD A1 1 P 35", "-2 60 R"}, 1)), ConversionError);
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 1 1", "-1 60 RT 0 1 1 70000"}, 1)), RangeError);
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 3000000000 1", "-1 60 R"}, 1)), RangeError);
+}
+
+// A decal record of a file with `firstLine` whose body is `stackLines`.
+DecalRecord NewerDecal(const std::string& firstLine, Texts stackLines, std::uint16_t stacks) {
+    DecalRecord record = Decal(5, std::move(stackLines), stacks);
+    record.header = AnalyseHeader(firstLine);
+    return record;
+}
+
+TEST(ReadPadStacks, NewerPcbStacksTakeTheFirstDrillAfterTheShapeFieldsForTheWholeStack) {
+    const std::string v95 = "!PADS-POWERPCB-V9.5-BASIC!";
+    // The drill may stand on a later line; then it holds for the lines before it too.
+    EXPECT_EQ(Described(ReadPadStacks(NewerDecal(
+                  v95, {"PAD 1 3", "-2 60 R", "-1 60 A 30 35 N 45 90 5", "0 60 R 99 P"}, 1))),
+              (Texts{"1..1 -2 60 R 0 0 0 0 | N 35 45 90 5", "1..1 -1 60 A 0 30 0 0 | N 35 45 90 5",
+                     "1..1 0 60 R 0 0 0 0 | N 35 45 90 5"}));
+    // Thermal and anti-pad lines carry no drill; without any, the stack has none.
+    EXPECT_EQ(Described(ReadPadStacks(
+                  NewerDecal(v95, {"PAD 0 2", "-1 80 RT 45 62 12 4", "-1 90 RA"}, 1))),
+              (Texts{"0..0 -1 80 RT 45 62 12 4 |  0 0 0 0", "0..0 -1 90 RA 0 0 0 0 |  0 0 0 0"}));
+    // A drill word that is no number is a plated flag out of place: no drill.
+    EXPECT_EQ(Described(ReadPadStacks(NewerDecal(v95, {"PAD 0 1", "-2 60 R N"}, 1))),
+              (Texts{"0..0 -2 60 R 0 0 0 0 |  0 0 0 0"}));
+    EXPECT_THROW(ReadPadStacks(NewerDecal(v95, {"PAD 0 1", "-2 60 R 35 P 9x 1 1"}, 1)),
+                 ConversionError);
+}
+
+TEST(ReadPadStacks, CornersStandWhereTheReleaseWritesThemAndTakePartInMerging) {
+    // The same "S" and "RF" lines in two releases: V5 has no corners, so their last number is
+    // the drill there.
+    const Texts lines = {"PAD 1 2", "-2 60 S 5", "0 60 RF 90 120 0 5"};
+    auto v5 = ReadPadStacks(NewerDecal("!PADS-POWERPCB-V5.0-BASIC!", lines, 1));
+    ASSERT_EQ(v5.size(), 2u);
+    EXPECT_DOUBLE_EQ(v5[0].corner, 0);
+    EXPECT_DOUBLE_EQ(v5[0].drill, 5);
+    EXPECT_EQ(v5[0].plated, "P");
+    EXPECT_DOUBLE_EQ(v5[1].corner, 0);
+
+    auto v9 = ReadPadStacks(NewerDecal("!PADS-POWERPCB-V9.0-BASIC!", lines, 1));
+    ASSERT_EQ(v9.size(), 2u);
+    EXPECT_DOUBLE_EQ(v9[0].corner, 5);
+    EXPECT_DOUBLE_EQ(v9[1].corner, 5);
+    EXPECT_DOUBLE_EQ(v9[1].lenOrInner, 120);
+    EXPECT_DOUBLE_EQ(v9[0].drill, 0);
+
+    // Libraries write the corner first: "RF corner ori length offset".
+    auto library = ReadPadStacks(NewerDecal("*PADS-LIBRARY-PCB-DECALS-V9*",
+                                            {"PAD 1 1 N 0", "-2 0.45 RF 0.1 90 1.5 0.2"}, 1));
+    ASSERT_EQ(library.size(), 1u);
+    EXPECT_EQ(Describe(library[0]), "1..1 -2 0.45 RF 90 1.5 0.2 0 | N 0 0 0 0");
+    EXPECT_DOUBLE_EQ(library[0].corner, 0.1);
+
+    // Stacks that differ in their corners only stay apart.
+    auto apart = ReadPadStacks(NewerDecal(
+        "*PADS-LIBRARY-PCB-DECALS-V9*",
+        {"PAD 1 1 N 0", "-2 1 S 0.1", "PAD 2 1 N 0", "-2 1 S 0.2", "PAD 3 1 N 0", "-2 1 S 0.2"},
+        3));
+    EXPECT_EQ(Ranges(apart), (Texts{"1..1", "2..3"}));
 }
 
 TEST(FindStackEntry, UsesThePinsStackOrTheDefaultStackOnly) {

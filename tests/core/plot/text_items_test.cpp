@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/plot/plot_test_support.h"
+#include "library/file_header.h"
 
 namespace zantor {
 namespace {
@@ -161,6 +162,37 @@ TEST(DrawTextItems, NoSeparatorWithoutAPlottedFormLinePen) {
     ASSERT_EQ(bench.canvas.Lines().size(), 1u);
     EXPECT_TRUE(bench.canvas.Lines()[0].starts_with("text "));
     EXPECT_EQ(result.largestComment, 2);
+}
+
+TEST(DrawTextItems, NewerFilesTakeTheTextFromTheLastLineOfEachRecord) {
+    // PCB files from V2005 on: header, font line, text; mirrored by "M".
+    DecalRecord pcb = MakeRecord({"1 2 0 1 30.4 0.1 M LEFT DOWN", "Regular <Romansim Stroke Font>",
+                                  "A", "1 2 90 1 30.4 0.1 N CENTER CENTER", "Regular", "$ 7.5"},
+                                 0, 2, 0);
+    pcb.header = AnalyseHeader("!PADS-POWERPCB-V9.5-MILS!");
+    PlotBench bench;
+    const TextItemsResult result = DrawTextItems(bench.frame, pcb, TinyFont(), ListingPage());
+    EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 100 200", "line -300 200 pen=000004/10/solid"}));
+    EXPECT_EQ(result.nameSlot, "$");
+    EXPECT_EQ(result.labelValue, 7.5);
+
+    // V5.0 PCB files have two lines per text.
+    DecalRecord v5 = MakeRecord({"1 2 0 1 30.4 0.1 N LEFT DOWN", "A"}, 0, 1, 0);
+    v5.header = AnalyseHeader("!PADS-POWERPCB-V5.0-MILS!");
+    PlotBench old;
+    DrawTextItems(old.frame, v5, TinyFont(), ListingPage());
+    EXPECT_EQ(old.canvas.Lines(), (Lines{"move 100 200", "line 500 200 pen=000004/10/solid"}));
+
+    // Libraries after version 4 mark a mirrored text with 1 and quote the font on the line.
+    DecalRecord library =
+        MakeRecord({"1 2 0 1 30.4 0.1 1 17 0 0 \"Default Font\"", "A",
+                    "1 2 0 1 30.4 0.1 0 17 0 0 \"Regular <Romansim Stroke Font>\"", "A"},
+                   0, 2, 0);
+    library.header = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*");
+    PlotBench lib;
+    DrawTextItems(lib.frame, library, TinyFont(), ListingPage());
+    EXPECT_EQ(lib.canvas.Lines(), (Lines{"move 100 200", "line -300 200 pen=000004/10/solid",
+                                         "move 100 200", "line 500 200 pen=000004/10/solid"}));
 }
 
 }  // namespace
