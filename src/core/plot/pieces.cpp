@@ -76,11 +76,16 @@ std::optional<PieceKind> Classify(std::string_view keyword, bool newerKinds) {
     return std::nullopt;
 }
 
-PenStyle StyleOfLine(std::optional<std::int32_t> lineStyle) {
-    switch (lineStyle.value_or(-1)) {
+// Libraries keep 0 for the dotted style of old releases; PCB files write 0 for an ordinary solid
+// line (the same decal has -1 in its library and 0 in a board).
+PenStyle StyleOfLine(std::optional<std::int32_t> lineStyle, PieceLayout layout) {
+    const std::int32_t style = lineStyle.value_or(-1);
+    if (style == 0 && layout == PieceLayout::LayerThenLineStyle) {
+        return PenStyle::Dot;
+    }
+    switch (style) {
         case -2:
             return PenStyle::Dash;
-        case 0:  // the dotted style of old files
         case -3:
             return PenStyle::Dot;
         case -4:
@@ -261,7 +266,7 @@ void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
             const PenStyle before = frame.Canvas().PenStyleNow();
             const bool styled = header.lineStyle && kind->pen == kPenOutline;
             if (styled) {
-                frame.SetPenStyle(StyleOfLine(header.lineStyle));
+                frame.SetPenStyle(StyleOfLine(header.lineStyle, dialect.pieceLayout));
             }
             switch (kind->shape) {
                 case Shape::Polyline:

@@ -191,6 +191,12 @@ TEST(NewerPieces, OutlinesTakeTheirLineStyle) {
     EXPECT_EQ(run.outlines.back(), "line 0 1000 pen=000003/10/solid");
     EXPECT_TRUE(run.others.at(0).find("/solid") != std::string::npos);
     EXPECT_EQ(run.bench.canvas.PenStyleNow(), PenStyle::Solid);
+
+    // Style 0 is the old dotted line in a library and the plain line of a PCB file.
+    PieceRun library(Record(kV9Library, {"OPEN 2 0.1 1 0", "0 0", "10 0"}, 1));
+    EXPECT_EQ(library.outlines.at(1), "line 1000 0 pen=000003/10/dot");
+    PieceRun board(Record(kV95Pcb, {"OPEN 2 0.1 0 1", "0 0", "10 0"}, 1));
+    EXPECT_EQ(board.outlines.at(1), "line 1000 0 pen=000003/10/solid");
 }
 
 }  // namespace
