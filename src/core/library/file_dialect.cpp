@@ -47,6 +47,7 @@ FileDialect NewerLibraryDialect() {
     dialect.newerPieceKinds = true;
     dialect.circleRule = CircleRule::Diameter;
     dialect.mirrorWord = "1";
+    dialect.textJustification = TextJustification::Code;
     dialect.cornerPlace = CornerPlace::BeforeFinger;
     dialect.fingerAxis = FingerAxis::AlongXAtZero;
     dialect.pinNamesOnTerminals = true;
@@ -77,6 +78,7 @@ FileDialect NewerPcbDialect(FormatRelease release) {
     dialect.newerPieceKinds = true;
     dialect.circleRule = CircleRule::Diameter;
     dialect.mirrorWord = "M";
+    dialect.textJustification = TextJustification::Words;
     dialect.cornerPlace = cornerRadius ? CornerPlace::AfterFinger : CornerPlace::None;
     dialect.fingerAxis = FingerAxis::AlongXAtZero;
     dialect.pinNamesOnTerminals = true;

@@ -85,6 +85,14 @@ enum class CircleRule {
     Diameter,
 };
 
+// Where a text header says which point of the text its position is.
+enum class TextJustification {
+    None,   // versions 3 and 4: the position is the left end of the baseline
+    Code,   // one number: horizontal (0 left, 1 centre, 2 right) + 16 x vertical (0 bottom,
+            // 1 middle, 2 top) (libraries)
+    Words,  // LEFT, CENTER or RIGHT, then DOWN, CENTER or UP (PCB files)
+};
+
 // How a record's end is found.
 enum class Framing {
     BlankLines,  // a blank line or the end of the file ends a record
@@ -124,6 +132,8 @@ struct FileDialect {
     CircleRule circleRule = CircleRule::AxisDistance;
     // The word of a text header (its 7th) that marks a mirrored text.
     std::string_view mirrorWord = "M";
+    // How a text header gives the text's justification after the mirror word.
+    TextJustification textJustification = TextJustification::None;
 
     CornerPlace cornerPlace = CornerPlace::None;
     FingerAxis fingerAxis = FingerAxis::AlongYAtZero;

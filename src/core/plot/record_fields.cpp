@@ -50,6 +50,31 @@ const std::string& BodyLine(const DecalRecord& record, std::size_t index) {
     return index < record.lines.size() ? record.lines[index] : kNoLine;
 }
 
+namespace {
+
+// 2 for `high` ("RIGHT", "UP"), 1 for "CENTER", 0 for anything else ("LEFT", "DOWN").
+int PlaceOfWord(std::string_view word, std::string_view high) {
+    if (word == high) {
+        return 2;
+    }
+    return word == "CENTER" ? 1 : 0;
+}
+
+// "17" is centred both ways: the horizontal place in the low four bits, the vertical one above.
+void ReadJustificationCode(std::string_view word, TextHeader& header) {
+    long long code = 0;
+    try {
+        code = WholeNumber(word);
+    } catch (const Error&) {
+        return;  // a justification that cannot be read leaves the text where it stands
+    }
+    const auto place = [](long long value) { return value >= 0 && value <= 2 ? int(value) : 0; };
+    header.horizontal = place(code % 16);
+    header.vertical = place(code / 16 % 16);
+}
+
+}  // namespace
+
 std::string ReadPieceKeyword(const DecalRecord& record, std::size_t index) {
     FieldReader reader(record, index);
     return std::string(reader.Word());
@@ -133,6 +158,17 @@ TextHeader ReadTextHeader(const DecalRecord& record, std::size_t index) {
     header.size = reader.Real();
     header.lineWidth = reader.Real();
     header.mirror = reader.Word() == record.header.dialect.mirrorWord;
+    switch (record.header.dialect.textJustification) {
+        case TextJustification::None:
+            break;
+        case TextJustification::Code:
+            ReadJustificationCode(reader.Word(), header);
+            break;
+        case TextJustification::Words:
+            header.horizontal = PlaceOfWord(reader.Word(), "RIGHT");
+            header.vertical = PlaceOfWord(reader.Word(), "UP");
+            break;
+    }
     return header;
 }
 

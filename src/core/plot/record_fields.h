@@ -90,6 +90,11 @@ struct TextHeader {
     double size = 0;
     double lineWidth = 0;  // library units
     bool mirror = false;   // the 7th word is the dialect's mirrorWord ("M", or "1" in libraries)
+    // Which point of the text the position is, in files that say so: 0 the left end (or the
+    // bottom), 1 the centre, 2 the right end (or the top). Without a justification both are 0,
+    // the left end of the baseline.
+    int horizontal = 0;
+    int vertical = 0;
 };
 
 TextHeader ReadTextHeader(const DecalRecord& record, std::size_t index);

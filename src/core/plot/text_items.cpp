@@ -1,6 +1,9 @@
 #include "plot/text_items.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
 
 #include "library/words.h"
 #include "plot/record_fields.h"
@@ -23,6 +26,29 @@ int CommentNumber(const TextHeader& header, std::string_view text) {
 
 double CommentLineY(const TextItemsPage& page, int n) {
     return page.commentTop - 4 * (page.commentBase + n);
+}
+
+// The left end of the baseline of a text whose header places another point of it: the drawn
+// width (as the stroke text steps, mirrored texts to the left) and the text height shifted along
+// the baseline and up, turned by the rotation.
+std::pair<double, double> BaselineStart(const TextHeader& header, const StrokeFont& font,
+                                        std::string_view text) {
+    if ((header.horizontal == 0 && header.vertical == 0) || font.H6() == 0) {
+        return {header.x, header.y};
+    }
+    double advance = 0;
+    for (const char c : text.substr(0, 80)) {
+        advance += font.Advance16(font.MapChar(static_cast<unsigned char>(c))) + 4;
+    }
+    double width = advance * (16.0 / font.H6()) * header.size / 30.4;
+    if (header.mirror) {
+        width = -width;
+    }
+    const double along = -width * header.horizontal / 2;
+    const double up = -header.size * header.vertical / 2;
+    const double angle = std::numbers::pi * header.rotation / 180;
+    return {header.x + along * std::cos(angle) - up * std::sin(angle),
+            header.y + along * std::sin(angle) + up * std::cos(angle)};
 }
 
 }  // namespace
@@ -63,8 +89,10 @@ TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const
             continue;
         }
         frame.SetColour(colour);
-        frame.StrokeText(font, header.mirror, TrimBlanks(text), header.x, header.y, header.rotation,
-                         header.size, header.lineWidth * frame.UnitFactor);
+        const std::string_view trimmed = TrimBlanks(text);
+        const auto [x, y] = BaselineStart(header, font, trimmed);
+        frame.StrokeText(font, header.mirror, trimmed, x, y, header.rotation, header.size,
+                         header.lineWidth * frame.UnitFactor);
     }
 
     if (result.largestComment > 0) {

@@ -281,6 +281,7 @@ TEST(FileDialect, PcbLayoutsFollowTheRelease) {
         EXPECT_TRUE(dialect.arcAnglesInTenths);
         EXPECT_TRUE(dialect.newerPieceKinds);
         EXPECT_EQ(dialect.mirrorWord, "M");
+        EXPECT_EQ(dialect.textJustification, TextJustification::Words);
         EXPECT_EQ(dialect.fingerAxis, FingerAxis::AlongXAtZero);
     }
 }
@@ -294,6 +295,7 @@ TEST(FileDialect, LibrariesAfterVersionFourAndTheOldDialects) {
     EXPECT_EQ(v9.pieceLayout, PieceLayout::LayerThenLineStyle);
     EXPECT_EQ(v9.cornerPlace, CornerPlace::BeforeFinger);
     EXPECT_EQ(v9.mirrorWord, "1");
+    EXPECT_EQ(v9.textJustification, TextJustification::Code);
     EXPECT_EQ(v9.circleRule, CircleRule::Diameter);
     EXPECT_TRUE(v9.starLineEndsRecord);
     EXPECT_TRUE(v9.pinNamesOnTerminals);
@@ -313,6 +315,7 @@ TEST(FileDialect, LibrariesAfterVersionFourAndTheOldDialects) {
         EXPECT_EQ(old.cornerPlace, CornerPlace::None);
         EXPECT_EQ(old.fingerAxis, FingerAxis::AlongYAtZero);
         EXPECT_EQ(old.mirrorWord, "M");
+        EXPECT_EQ(old.textJustification, TextJustification::None);
         EXPECT_FALSE(old.pinNamesOnTerminals);
     }
 }

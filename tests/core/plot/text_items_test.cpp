@@ -185,14 +185,43 @@ TEST(DrawTextItems, NewerFilesTakeTheTextFromTheLastLineOfEachRecord) {
 
     // Libraries after version 4 mark a mirrored text with 1 and quote the font on the line.
     DecalRecord library =
-        MakeRecord({"1 2 0 1 30.4 0.1 1 17 0 0 \"Default Font\"", "A",
-                    "1 2 0 1 30.4 0.1 0 17 0 0 \"Regular <Romansim Stroke Font>\"", "A"},
+        MakeRecord({"1 2 0 1 30.4 0.1 1 0 0 0 \"Default Font\"", "A",
+                    "1 2 0 1 30.4 0.1 0 0 0 0 \"Regular <Romansim Stroke Font>\"", "A"},
                    0, 2, 0);
     library.header = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*");
     PlotBench lib;
     DrawTextItems(lib.frame, library, TinyFont(), ListingPage());
     EXPECT_EQ(lib.canvas.Lines(), (Lines{"move 100 200", "line -300 200 pen=000004/10/solid",
                                          "move 100 200", "line 500 200 pen=000004/10/solid"}));
+}
+
+TEST(DrawTextItems, NewerFilesPlaceTheJustifiedPointOfATextAtItsPosition) {
+    // "A" is 10 wide as drawn (advance 6 + 4) and the size is 30.4 high; the position is (1, 2).
+    const auto drawn = [](const char* firstLine, std::vector<std::string> lines) {
+        DecalRecord record = MakeRecord(std::move(lines), 0, 1, 0);
+        record.header = AnalyseHeader(firstLine);
+        PlotBench bench;
+        DrawTextItems(bench.frame, record, TinyFont(), ListingPage());
+        return bench.canvas.Lines();
+    };
+    const char* library = "*PADS-LIBRARY-PCB-DECALS-V9*";
+    const char* board = "!PADS-POWERPCB-V9.5-MILS!";
+    // Centred both ways (17), mirrored: the text runs from x 6 to -4, its middle on y 2.
+    EXPECT_EQ(drawn(library, {"1 2 0 1 30.4 0.1 1 17 0 0 \"Default Font\"", "A"}),
+              (Lines{"move 600 -1320", "line 200 -1320 pen=000004/10/solid"}));
+    // Right and top (2 + 16 x 2): the text ends at x 1 and hangs below y 2.
+    EXPECT_EQ(drawn(library, {"1 2 0 1 30.4 0.1 0 34 0 0 \"Default Font\"", "A"}),
+              (Lines{"move -900 -2840", "line -500 -2840 pen=000004/10/solid"}));
+    EXPECT_EQ(drawn(board, {"1 2 0 1 30.4 0.1 N CENTER UP", "Regular", "A"}),
+              (Lines{"move -400 -2840", "line 0 -2840 pen=000004/10/solid"}));
+    // Right-justified and turned by 90 degrees: it ends at the position, running upwards.
+    EXPECT_EQ(drawn(board, {"1 2 90 1 30.4 0.1 N RIGHT DOWN", "Regular", "A"}),
+              (Lines{"move 100 -800", "line 100 -400 pen=000004/10/solid"}));
+    // Versions 3 and 4 know no justification: the words after the mirror mark change nothing.
+    DecalRecord old = MakeRecord({"1 2 0 1 30.4 0.1 N CENTER UP", "A"}, 0, 1, 0);
+    PlotBench bench;
+    DrawTextItems(bench.frame, old, TinyFont(), ListingPage());
+    EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 100 200", "line 500 200 pen=000004/10/solid"}));
 }
 
 }  // namespace
