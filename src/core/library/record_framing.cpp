@@ -210,6 +210,23 @@ BodySections BodyLayout::Sections() const {
             StartOf(Part::Stacks), StartOf(Part::Done)};
 }
 
+bool BodyLayout::WantsFreeText() const {
+    switch (part_) {
+        case Part::Attributes:
+        case Part::LabelsBefore:
+        case Part::Texts:
+        case Part::LabelsAfter:
+            return true;
+        case Part::Lead:
+        case Part::Pieces:
+        case Part::Terminals:
+        case Part::Stacks:
+        case Part::Done:
+            break;
+    }
+    return false;
+}
+
 bool LooksLikeDecalHeader(std::string_view line, const FileDialect& dialect) {
     if (TakeWord(line).empty()) {
         return false;
@@ -236,7 +253,7 @@ bool EndsRecord(std::string_view line, const FileDialect& dialect, const BodyLay
     if (IsBlankLine(line)) {
         return true;
     }
-    if (dialect.starLineEndsRecord && line.starts_with('*')) {
+    if (dialect.starLineEndsRecord && line.starts_with('*') && !body.WantsFreeText()) {
         return true;
     }
     return dialect.framing == Framing::Counts && !body.WantsMore() &&

@@ -69,6 +69,9 @@ class BodyLayout {
 
     // Whether the counts announce further lines.
     bool WantsMore() const { return part_ != Part::Done; }
+    // Whether the next line the counts announce is one of free text (an attribute line, a line of
+    // a label or of a text record), which may begin with anything, "*" included.
+    bool WantsFreeText() const;
     // The number of lines taken so far.
     std::size_t Taken() const { return taken_; }
     BodySections Sections() const;
@@ -111,7 +114,8 @@ bool LooksLikeDecalHeader(std::string_view line, const FileDialect& dialect);
 
 // Whether `line`, the next line of the file after the lines `body` has taken, ends the record
 // (and is not part of it): a blank line always does; a line starting with "*" where the dialect
-// says so; and, in dialects framed by counts, a decal header once the counts are read.
+// says so (unless the counts wait for a line of free text); and, in dialects framed by counts, a
+// decal header once the counts are read.
 bool EndsRecord(std::string_view line, const FileDialect& dialect, const BodyLayout& body);
 
 }  // namespace zantor

@@ -170,6 +170,12 @@ TEST(EndsRecord, BlankAndStarLinesAndHeadersAfterTheCounts) {
     // counts that is no header.
     EXPECT_EQ(Frame(V9Library(), one, {"Y I 0 0 0 0 0 0 1 0 0", "-2 1 R", "", "T"}),
               (Texts{"Y I 0 0 0 0 0 0 1 0 0", "-2 1 R"}));
+    // A text may begin with "*": the counts wait for it. Elsewhere a "*" line ends the record.
+    DecalCounts text;
+    text.texts = 1;
+    text.terminals = 1;
+    EXPECT_EQ(Frame(V95Pcb(), text, {"0 0 0 26 1 0.1 N LEFT DOWN", "Regular", "*NOTE*", "*END*"}),
+              (Texts{"0 0 0 26 1 0.1 N LEFT DOWN", "Regular", "*NOTE*"}));
     // A blank line ends a short record.
     DecalCounts three;
     three.terminals = 3;
