@@ -70,7 +70,7 @@ TEST(SampleLibrary, RecordsCarryTheirUnitsAndCounts) {
     reader.ReadRecord(record);
     EXPECT_EQ(record.unitLetter, "M");
     EXPECT_DOUBLE_EQ(record.unitFactor, 1.0);
-    EXPECT_EQ(record.lines[record.firstStack + 1], "-2 0.6 RF 0 1.55 0");
+    EXPECT_EQ(record.lines[record.firstStack + 1], "-2 0.6 RF 90 1.55 0");
 
     ASSERT_TRUE(reader.FindDecal("TO220"));
     reader.ReadRecord(record);
