@@ -1,0 +1,81 @@
+#include "jobs/output_target.h"
+
+namespace zantor {
+
+void OutputTarget::BeginDocument() {
+    if (printing_) {
+        return;
+    }
+    aborted_ = false;
+    ++documents_;
+    documentPages_ = 0;
+    try {
+        StartDocument();
+    } catch (...) {
+        SetSurface(nullptr);
+        DropDocument();
+        throw;
+    }
+    printing_ = true;
+    documentPages_ = 1;
+    ++jobPages_;
+}
+
+void OutputTarget::NewPage() {
+    if (!printing_) {
+        return;
+    }
+    try {
+        StartPage();
+    } catch (...) {
+        SetSurface(nullptr);
+        printing_ = false;
+        DropDocument();
+        throw;
+    }
+    ++documentPages_;
+    ++jobPages_;
+}
+
+void OutputTarget::EndDocument() {
+    if (!printing_) {
+        return;
+    }
+    printing_ = false;
+    SetSurface(nullptr);
+    std::vector<std::filesystem::path> files;
+    try {
+        files = FinishDocument();
+    } catch (...) {
+        DropDocument();
+        throw;
+    }
+    writtenFiles_.insert(writtenFiles_.end(), files.begin(), files.end());
+}
+
+void OutputTarget::Abort() {
+    aborted_ = true;
+    if (!printing_) {
+        return;
+    }
+    printing_ = false;
+    SetSurface(nullptr);
+    DropDocument();
+}
+
+void OutputTarget::DropUnfinished() noexcept {
+    if (printing_) {
+        printing_ = false;
+        SetSurface(nullptr);
+        DropDocument();
+    }
+}
+
+std::filesystem::path NumberedPath(const std::filesystem::path& path, int n) {
+    std::filesystem::path numbered = path;
+    numbered.replace_filename(path.stem().string() + "-" + std::to_string(n) +
+                              path.extension().string());
+    return numbered;
+}
+
+}  // namespace zantor

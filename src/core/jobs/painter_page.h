@@ -1,0 +1,38 @@
+#pragma once
+
+// A painter on a page device with the printer-mapped canvas over it, as every painting target
+// holds one while a page (or a printer document) is open.
+
+#include <QPaintDevice>
+#include <QPainter>
+#include <optional>
+
+#include "plot/qpainter_canvas.h"
+
+namespace zantor {
+
+class PainterPage {
+  public:
+    PainterPage() = default;
+    ~PainterPage() { End(); }
+    PainterPage(const PainterPage&) = delete;
+    PainterPage& operator=(const PainterPage&) = delete;
+
+    // Starts painting on `device`; false when the device cannot be painted on.
+    bool Begin(QPaintDevice& device);
+    // A fresh canvas for the next page of a device that pages by itself (printer, PDF), so that
+    // no drawing state crosses from one page to the next.
+    void RenewCanvas();
+    // Ends painting; false when the device reports a failure.
+    bool End();
+
+    bool Active() const { return painter_.has_value() && painter_->isActive(); }
+    QPainter* Painter() { return Active() ? &*painter_ : nullptr; }
+    PlotCanvas* Canvas() { return canvas_ ? &*canvas_ : nullptr; }
+
+  private:
+    std::optional<QPainter> painter_;
+    std::optional<QPainterCanvas> canvas_;
+};
+
+}  // namespace zantor

@@ -1,0 +1,333 @@
+#include "jobs/output_targets.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "common/errors.h"
+#include "core/jobs/jobs_test_support.h"
+#include "jobs/file_output.h"
+#include "jobs/pdf_target.h"
+#include "jobs/png_target.h"
+#include "jobs/svg_target.h"
+#include "jobs/trace_target.h"
+#include "support/test_support.h"
+
+namespace zantor {
+namespace {
+
+using test::App;
+using test::TempDir;
+
+OutputRequest ToFile(const std::filesystem::path& file, PaperSize paper = PaperSize::A4,
+                     bool separateDocuments = false) {
+    OutputRequest request;
+    request.file = file;
+    request.paper = paper;
+    request.separateDocuments = separateDocuments;
+    return request;
+}
+
+// Page n: its number as text and a rule 2 + n cm below the top edge, 1 cm to 5 cm from the left,
+// so that the pages of a file can be told apart and found where the printer mapping puts them.
+void DrawPage(PlotCanvas& canvas, int n) {
+    canvas.SetPenColour(0);
+    canvas.SetTextColour(0);
+    canvas.SetPenWidth(50);
+    canvas.Text(2000, -3000, "PAGE " + std::to_string(n), "Liberation Sans", 800);
+    canvas.MoveTo(1000, -(2000 + 1000 * n));
+    canvas.LineTo(5000, -(2000 + 1000 * n));
+}
+
+// Documents of the given page counts, each page drawn with its number over the job.
+void PrintDocuments(OutputTarget& target, const std::vector<int>& pagesPerDocument) {
+    int page = 0;
+    for (int pages : pagesPerDocument) {
+        target.BeginDocument();
+        for (int i = 0; i < pages; ++i) {
+            if (i > 0) {
+                target.NewPage();
+            }
+            DrawPage(target.Canvas(), ++page);
+        }
+        target.EndDocument();
+    }
+}
+
+std::vector<std::string> FileNames(const std::filesystem::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string ReadText(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+bool Inked(const QImage& image, int x, int y) {
+    return image.valid(x, y) && image.pixel(x, y) != qRgb(255, 255, 255);
+}
+
+// The rule of page n on an image of `dotsPerMm`: inked on its row, white 3 mm below it.
+void ExpectRuleOfPage(const QImage& image, int n, double dotsPerMm) {
+    const int row = static_cast<int>((20.0 + 10.0 * n) * dotsPerMm + 0.5);
+    const int column = static_cast<int>(30.0 * dotsPerMm);
+    EXPECT_TRUE(Inked(image, column, row)) << "page " << n;
+    EXPECT_FALSE(Inked(image, column, row + static_cast<int>(3 * dotsPerMm))) << "page " << n;
+}
+
+TEST(PaperSizes, NamesInAnyCaseAndPortraitMillimetres) {
+    EXPECT_EQ(ParsePaperSize("a4"), PaperSize::A4);
+    EXPECT_EQ(ParsePaperSize("LETTER"), PaperSize::Letter);
+    EXPECT_EQ(ParsePaperSize("Legal"), PaperSize::Legal);
+    EXPECT_EQ(ParsePaperSize("A3"), PaperSize::A3);
+    EXPECT_FALSE(ParsePaperSize("A5"));
+    EXPECT_FALSE(ParsePaperSize(""));
+    EXPECT_EQ(PaperSizeName(PaperSize::Letter), "Letter");
+    EXPECT_DOUBLE_EQ(PaperSizeMillimetres(PaperSize::A3).width, 297.0);
+    EXPECT_DOUBLE_EQ(PaperSizeMillimetres(PaperSize::A3).height, 420.0);
+    EXPECT_DOUBLE_EQ(PaperSizeMillimetres(PaperSize::Legal).height, 355.6);
+}
+
+TEST(OutputTargets, FileKindFollowsTheExtension) {
+    EXPECT_EQ(FileOutputKind("out.PDF"), OutputKind::Pdf);
+    EXPECT_EQ(FileOutputKind("a/b.svg"), OutputKind::Svg);
+    EXPECT_EQ(FileOutputKind("x.Png"), OutputKind::Png);
+    EXPECT_EQ(FileOutputKind("run.trace"), OutputKind::Trace);
+    EXPECT_FALSE(FileOutputKind("out.jpg"));
+    EXPECT_FALSE(FileOutputKind("pdf"));
+    try {
+        MakeOutputTarget(ToFile("/tmp/out.jpg"));
+        FAIL() << "no error";
+    } catch (const IoError& error) {
+        EXPECT_EQ(error.file(), "/tmp/out.jpg");
+    }
+    App();
+    EXPECT_THROW(MakeOutputTarget(OutputRequest{"NoSuchZantorQueue", {}, PaperSize::A4, false}),
+                 IoError);
+}
+
+TEST(OutputTargets, FilePagesAreTheWholeSheetAtTheTargetsResolution) {
+    const PageMetrics pdf = PdfTarget("x.pdf", PaperSize::A4, DocumentFiles::Single).Page();
+    EXPECT_DOUBLE_EQ(pdf.widthMm, 210.0);
+    EXPECT_DOUBLE_EQ(pdf.heightMm, 297.0);
+    EXPECT_EQ(pdf.physicalWidth, 9921);
+    EXPECT_EQ(pdf.physicalHeight, 14031);
+    EXPECT_EQ(pdf.physicalOffsetX, 0);
+    EXPECT_EQ(pdf.physicalOffsetY, 0);
+    EXPECT_EQ(pdf.pixelsPerInchX, 1200);
+    const PageMetrics png = PngTarget("x.png", PaperSize::A4).Page();
+    EXPECT_EQ(png.physicalWidth, 2480);
+    EXPECT_EQ(png.physicalHeight, 3508);
+    const PageMetrics svg = SvgTarget("x.svg", PaperSize::Letter).Page();
+    EXPECT_EQ(svg.physicalWidth, 2159);
+    EXPECT_EQ(svg.physicalHeight, 2794);
+}
+
+TEST(OutputTargets, DocumentStateAndPageCounts) {
+    TempDir dir;
+    TraceTarget target(dir.Path() / "run.trace", PaperSize::A4, DocumentFiles::Numbered);
+    EXPECT_FALSE(target.Printing());
+    // Drawing outside a document goes nowhere.
+    DrawPage(target.Canvas(), 9);
+    target.BeginDocument();
+    EXPECT_TRUE(target.Printing());
+    target.NewPage();
+    target.NewPage();
+    EXPECT_EQ(target.DocumentPages(), 3);
+    target.EndDocument();
+    EXPECT_FALSE(target.Printing());
+    target.BeginDocument();
+    EXPECT_EQ(target.DocumentPages(), 1);
+    EXPECT_EQ(target.JobPages(), 4);
+    target.Abort();
+    EXPECT_TRUE(target.Aborted());
+    EXPECT_FALSE(target.Printing());
+    // A new document clears the aborted state.
+    target.BeginDocument();
+    EXPECT_FALSE(target.Aborted());
+    target.EndDocument();
+    EXPECT_EQ(target.WrittenFiles(), (std::vector<std::filesystem::path>{
+                                         dir.Path() / "run-1.trace", dir.Path() / "run-3.trace"}));
+    EXPECT_EQ(FileNames(dir.Path()), (std::vector<std::string>{"run-1.trace", "run-3.trace"}));
+    EXPECT_EQ(ReadText(dir.Path() / "run-1.trace"), "page 1\npage 2\npage 3\n");
+}
+
+TEST(OutputTargets, TraceHoldsEveryCallUnderItsPage) {
+    TempDir dir;
+    auto target = MakeOutputTarget(ToFile(dir.Path() / "job.trace"));
+    PrintDocuments(*target, {2});
+    EXPECT_EQ(ReadText(dir.Path() / "job.trace"),
+              "page 1\n"
+              "text 2000 -3000 800 \"Liberation Sans\" \"PAGE 1\" colour=000000\n"
+              "move 1000 -3000\n"
+              "line 5000 -3000 pen=000000/50/solid\n"
+              "page 2\n"
+              "text 2000 -3000 800 \"Liberation Sans\" \"PAGE 2\" colour=000000\n"
+              "move 1000 -4000\n"
+              "line 5000 -4000 pen=000000/50/solid\n");
+    EXPECT_EQ(target->Painter(), nullptr);
+}
+
+TEST(OutputTargets, PdfIsOneFileOfAllPagesOnTheChosenPaper) {
+    App();
+    TempDir dir;
+    auto target = MakeOutputTarget(ToFile(dir.Path() / "index.pdf", PaperSize::Letter));
+    PrintDocuments(*target, {3});
+    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"index.pdf"});
+    const auto info = test::ReadPdfInfo(dir.Path() / "index.pdf");
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->pages, 3);
+    EXPECT_NEAR(info->widthPoints, 612.0, 0.01);
+    EXPECT_NEAR(info->heightPoints, 792.0, 0.01);
+    EXPECT_EQ(info->title, "Zantor");
+    EXPECT_NE(test::PdfPageText(dir.Path() / "index.pdf", 2).find("PAGE 2"), std::string::npos);
+    EXPECT_EQ(test::PdfPageText(dir.Path() / "index.pdf", 2).find("PAGE 3"), std::string::npos);
+}
+
+TEST(OutputTargets, SeparatePdfDocumentsAreNumberedFiles) {
+    App();
+    TempDir dir;
+    auto target = MakeOutputTarget(ToFile(dir.Path() / "decals.pdf", PaperSize::A4, true));
+    PrintDocuments(*target, {1, 1, 1});
+    EXPECT_EQ(FileNames(dir.Path()),
+              (std::vector<std::string>{"decals-1.pdf", "decals-2.pdf", "decals-3.pdf"}));
+    for (int n = 1; n <= 3; ++n) {
+        const auto file = dir.Path() / ("decals-" + std::to_string(n) + ".pdf");
+        const auto info = test::ReadPdfInfo(file);
+        ASSERT_TRUE(info) << file;
+        EXPECT_EQ(info->pages, 1);
+        // Qt's A4 is a whole number of points.
+        EXPECT_NEAR(info->widthPoints, 595.276, 0.5);
+        EXPECT_NEAR(info->heightPoints, 841.89, 0.5);
+        EXPECT_NE(test::PdfPageText(file, 1).find("PAGE " + std::to_string(n)), std::string::npos);
+    }
+}
+
+TEST(OutputTargets, OneFileTakesOneDocument) {
+    App();
+    TempDir dir;
+    PdfTarget target(dir.Path() / "one.pdf", PaperSize::A4, DocumentFiles::Single);
+    PrintDocuments(target, {1});
+    EXPECT_THROW(target.BeginDocument(), IoError);
+    EXPECT_FALSE(target.Printing());
+    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"one.pdf"});
+}
+
+TEST(OutputTargets, PngPagesAreNumberedWhiteSheetsInThePrinterMapping) {
+    App();
+    TempDir dir;
+    auto target = MakeOutputTarget(ToFile(dir.Path() / "page.png", PaperSize::Legal));
+    PrintDocuments(*target, {1, 1});
+    EXPECT_EQ(FileNames(dir.Path()), (std::vector<std::string>{"page-1.png", "page-2.png"}));
+    const double dotsPerMm = 300 / 25.4;
+    for (int n = 1; n <= 2; ++n) {
+        const QImage image(PathText(dir.Path() / ("page-" + std::to_string(n) + ".png")));
+        ASSERT_FALSE(image.isNull());
+        EXPECT_EQ(image.size(), QSize(2550, 4200));
+        EXPECT_EQ(image.pixel(2000, 4000), qRgb(255, 255, 255));
+        ExpectRuleOfPage(image, n, dotsPerMm);
+    }
+}
+
+TEST(OutputTargets, SvgPagesAreNumberedDrawingsOfThePaper) {
+    App();
+    TempDir dir;
+    auto target = MakeOutputTarget(ToFile(dir.Path() / "sheet.svg"));
+    PrintDocuments(*target, {1, 2});
+    EXPECT_EQ(FileNames(dir.Path()),
+              (std::vector<std::string>{"sheet-1.svg", "sheet-2.svg", "sheet-3.svg"}));
+    for (int n = 1; n <= 3; ++n) {
+        const auto file = dir.Path() / ("sheet-" + std::to_string(n) + ".svg");
+        EXPECT_NE(ReadText(file).find("width=\"210mm\" height=\"297mm\""), std::string::npos);
+        QSvgRenderer renderer(PathText(file));
+        ASSERT_TRUE(renderer.isValid()) << file;
+        EXPECT_EQ(renderer.viewBox(), QRect(0, 0, 2100, 2970));
+        // Rendered at 2 dots per millimetre.
+        QImage image(420, 594, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        renderer.render(&painter);
+        painter.end();
+        ExpectRuleOfPage(image, n, 2.0);
+    }
+}
+
+TEST(OutputTargets, AnAbortedDocumentLeavesTheOldFileAndNoOther) {
+    App();
+    TempDir dir;
+    const auto old = dir.WriteFile("report.pdf", "old report");
+    {
+        auto target = MakeOutputTarget(ToFile(old));
+        target->BeginDocument();
+        DrawPage(target->Canvas(), 1);
+        target->NewPage();
+        target->Abort();
+        EXPECT_TRUE(target->WrittenFiles().empty());
+    }
+    EXPECT_EQ(ReadText(old), "old report");
+    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"report.pdf"});
+}
+
+TEST(OutputTargets, AJobThatFailsMidwayLeavesTheOldFilesAndNoOther) {
+    App();
+    TempDir dir;
+    dir.WriteFile("scan-1.svg", "old first page");
+    try {
+        auto target = MakeOutputTarget(ToFile(dir.Path() / "scan.svg"));
+        target->BeginDocument();
+        DrawPage(target->Canvas(), 1);
+        target->NewPage();
+        DrawPage(target->Canvas(), 2);
+        throw FormatError("the decal ends early");
+    } catch (const FormatError&) {
+    }
+    EXPECT_EQ(ReadText(dir.Path() / "scan-1.svg"), "old first page");
+    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"scan-1.svg"});
+}
+
+TEST(OutputTargets, WritingErrorsNameTheFile) {
+    App();
+    TempDir dir;
+    const auto missingFolder = dir.Path() / "no-such-folder" / "out.pdf";
+    auto target = MakeOutputTarget(ToFile(missingFolder));
+    try {
+        target->BeginDocument();
+        FAIL() << "no error";
+    } catch (const IoError& error) {
+        EXPECT_EQ(error.file(), missingFolder.string());
+    }
+    EXPECT_FALSE(target->Printing());
+
+    // A folder where the file should go: the document cannot be put in place.
+    std::filesystem::create_directory(dir.Path() / "taken.trace");
+    auto trace = MakeOutputTarget(ToFile(dir.Path() / "taken.trace"));
+    trace->BeginDocument();
+    DrawPage(trace->Canvas(), 1);
+    try {
+        trace->EndDocument();
+        FAIL() << "no error";
+    } catch (const IoError& error) {
+        EXPECT_EQ(error.file(), (dir.Path() / "taken.trace").string());
+    }
+    EXPECT_FALSE(trace->Printing());
+    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"taken.trace"});
+    EXPECT_TRUE(std::filesystem::is_empty(dir.Path() / "taken.trace"));
+}
+
+}  // namespace
+}  // namespace zantor
