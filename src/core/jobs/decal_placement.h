@@ -1,0 +1,96 @@
+#pragma once
+
+// Where a decal page goes on the paper and at what scale the decal is drawn on it. The numbers
+// are worked out here as plain functions of millimetres; a thin adapter reads them off a Qt
+// paged device (printer or PDF writer).
+
+#include "plot/extents.h"
+#include "plot/plot_frame.h"
+#include "shell/plot_settings.h"
+
+class QPageLayout;
+class QPagedPaintDevice;
+
+namespace zantor {
+
+// What the device says about its page, in millimetres: the printable area's size and how far
+// it stands in from each edge of the sheet (the unprintable offsets).
+struct PaperArea {
+    double width = 0;   // printable width
+    double height = 0;  // printable height
+    double leftOffset = 0;
+    double topOffset = 0;
+    double rightOffset = 0;
+    double bottomOffset = 0;
+};
+
+// The margins the user asked for, from the sheet's edges (LeftMargin ... in the settings).
+struct PageMargins {
+    double left = 0;
+    double right = 0;
+    double top = 0;
+    double bottom = 0;
+};
+
+PageMargins MarginsOf(const PlotSettings& settings);
+
+// The drawing area of a page, in millimetres from the printable area's corner; the frame of a
+// decal page fills it (W = usableWidth, H = usableHeight).
+struct PageGeometry {
+    double pageWidth = 0;   // printable width
+    double pageHeight = 0;  // printable height: the frame's PageHeight on the printer
+    double left = 0;        // left edge of the drawing area
+    double bottom = 0;      // bottom edge, with room for the footer under the frame
+    double usableWidth = 0;
+    double usableHeight = 0;
+};
+
+// A margin counts only beyond the unprintable offset on its side; the bottom keeps 3 mm more for
+// the footer line under the frame.
+PageGeometry PageGeometryOf(const PaperArea& paper, const PageMargins& margins);
+
+// The paper area of a Qt page layout as its device paints it: the painter's origin is the top
+// left of the paint rectangle.
+PaperArea PaperAreaOf(const QPageLayout& layout);
+PaperArea PaperAreaOf(const QPagedPaintDevice& device);
+
+// The whole-number scale of a decal that would just fit at `fit`: enlargements are cut to their
+// whole part and to `maxScale` (never below 1), reductions become 1 : n with a whole n that is
+// always larger than the exact fit needs.
+double WholeScale(double fit, double maxScale);
+
+// What fits the decal on its page.
+struct DecalArea {
+    double usableWidth = 0;
+    double usableHeight = 0;
+    double xBorder = 0;
+    double yBorder = 0;
+    int attributeLines = 0;  // listed at the top of the page (ListedAttributeCount)
+};
+
+struct DecalPlacement {
+    double scale = 1;
+    // The decal origin in page millimetres from the frame's bottom-left corner (the frame's
+    // OriginX1 and OriginY1).
+    double originX = 0;
+    double originY = 0;
+    double drawingHeight = 0;  // the height the decal is fitted into
+};
+
+// The decal fitted into the frame above the title block, between the inner borders and below the
+// listed attributes, and centred there. Extents are in library units; empty extents count as a
+// single point at the decal origin.
+DecalPlacement PlaceDecal(const DecalArea& area, const DecalExtents& extents, double unitFactor,
+                          double maxScale);
+
+// The decal fitted into a whole box of `width` x `height` mm and centred in it (the view box of
+// the selection dialog).
+DecalPlacement PlaceDecalInBox(double width, double height, const DecalExtents& extents,
+                               double unitFactor, double maxScale);
+
+// Sets the frame for a decal page on the printer mapping: the frame's corner at the drawing
+// area's corner, the decal placed in it.
+void ApplyPlacement(PlotFrame& frame, const PageGeometry& page, const DecalPlacement& placement,
+                    double unitFactor);
+
+}  // namespace zantor

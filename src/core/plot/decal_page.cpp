@@ -1,0 +1,285 @@
+#include "plot/decal_page.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <vector>
+
+#include "plot/decal_attributes.h"
+#include "plot/pad_stack_table.h"
+#include "plot/pieces.h"
+#include "plot/terminals.h"
+#include "plot/text_items.h"
+#include "plot/title_block.h"
+
+namespace zantor {
+namespace {
+
+constexpr double kMillimetresPerMil = 0.0254;
+// The grid leaves the pad-stack table and the 1:1 view below this line alone.
+constexpr double kGridBottom = 100.0;
+// A grid finer than this many lines across the page is left out rather than drawn as a blot.
+constexpr double kMaxGridLines = 4000.0;
+constexpr double kOriginMarkerWidth = 0.125;
+constexpr double kFormLineWidth = 0.25;
+constexpr double kListTextSize = 3.0;
+constexpr double kListTextX = 3.0;
+
+PenStyle GridPenStyle(int style) {
+    switch (style) {
+        case 1:
+            return PenStyle::Dash;
+        case 2:
+            return PenStyle::Dot;
+        default:
+            return PenStyle::Solid;
+    }
+}
+
+std::string TwoDecimals(double value) {
+    std::array<char, 64> buffer{};
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                            std::chars_format::fixed, 2);
+    return error == std::errc() ? std::string(buffer.data(), end) : std::string("?");
+}
+
+// The positions origin + k * step strictly between low and high: from the origin upwards, then
+// downwards, so that a line always runs through the origin when it is inside.
+std::vector<double> GridPositions(double origin, double step, double low, double high) {
+    std::vector<double> positions;
+    if (!std::isfinite(origin) || !std::isfinite(step) || !(step > 0) || !(high > low) ||
+        (high - low) / step > kMaxGridLines) {
+        return positions;
+    }
+    // Start near the area when the origin lies outside it, so the loops stay short.
+    for (double k = std::max(0.0, std::floor((low - origin) / step));; k += 1) {
+        const double p = origin + k * step;
+        if (p >= high) {
+            break;
+        }
+        if (p > low) {
+            positions.push_back(p);
+        }
+    }
+    for (double k = std::max(1.0, std::floor((origin - high) / step));; k += 1) {
+        const double p = origin - k * step;
+        if (p <= low) {
+            break;
+        }
+        if (p < high) {
+            positions.push_back(p);
+        }
+    }
+    return positions;
+}
+
+// Puts back the frame's scale and decal origin when the 1:1 view is done with them.
+class SavedPlacement {
+  public:
+    explicit SavedPlacement(PlotFrame& frame)
+        : frame_(frame), scale_(frame.Scale), x_(frame.OriginX1), y_(frame.OriginY1) {}
+    ~SavedPlacement() {
+        frame_.Scale = scale_;
+        frame_.OriginX1 = x_;
+        frame_.OriginY1 = y_;
+    }
+    SavedPlacement(const SavedPlacement&) = delete;
+    SavedPlacement& operator=(const SavedPlacement&) = delete;
+
+  private:
+    PlotFrame& frame_;
+    double scale_;
+    double x_;
+    double y_;
+};
+
+// Pieces under the pads, the pads, the texts, and the outlines on top.
+TextItemsResult DrawDecal(PlotFrame& frame, const DecalPageInputs& inputs, TerminalMarks& marks,
+                          const TextItemsPage& page) {
+    DrawPieces(frame, inputs.record, false, frame.Messages());
+    DrawTerminals(frame, inputs.font, inputs.record, inputs.stacks, marks);
+    const TextItemsResult texts = DrawTextItems(frame, inputs.record, inputs.font, page);
+    DrawPieces(frame, inputs.record, true, frame.Messages());
+    return texts;
+}
+
+void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs) {
+    const double x0 = inputs.width - kViewBoxWidth - 3;
+    const double y0 = kViewBoxBottom;
+    if (const Colour colour = frame.PenFor(kPenFormLine, 0); colour != kNotPlotted) {
+        frame.SetColour(colour);
+        frame.SetPenWidth(kFormLineWidth);
+        frame.PageMoveTo(x0, y0);
+        frame.PageLineTo(x0 + kViewBoxWidth, y0);
+        frame.PageLineTo(x0 + kViewBoxWidth, y0 + kViewBoxHeight);
+        frame.PageLineTo(x0, y0 + kViewBoxHeight);
+        frame.PageLineTo(x0, y0);
+    }
+    const Colour text = frame.PenFor(kPenFormText, 0);
+    const std::string& font = frame.Settings().FormularFont;
+    if (text != kNotPlotted) {
+        frame.SetColour(text);
+        frame.PageText("(1 : 1)", 2.0, y0 + kViewBoxHeight - 2.5, x0 + 2, font);
+    }
+    // At 2 : 1 or less the page itself is nearly life size; a 1:1 copy would not fit the box.
+    if (1 / frame.Scale >= 0.5) {
+        if (text != kNotPlotted) {
+            frame.PageText("(picture too big)", 4.0, y0 + kViewBoxHeight / 2 - 2,
+                           x0 + 78.806 / 2 - 10, font);
+        }
+        return;
+    }
+    const SavedPlacement saved(frame);
+    const DecalExtents& e = inputs.extents;
+    const double cx = e.Empty() ? 0.0 : (e.xmin + e.xmax) / 2;
+    const double cy = e.Empty() ? 0.0 : (e.ymin + e.ymax) / 2;
+    frame.Scale = 1;
+    frame.OriginX1 = x0 + kViewBoxWidth / 2 - cx * frame.UnitFactor;
+    frame.OriginY1 = y0 + kViewBoxHeight / 2 - cy * frame.UnitFactor;
+    TerminalMarks marks;  // the page's measurements come from the main picture
+    TextItemsPage page;   // comments are listed once, by the main picture
+    page.commentFont = font;
+    DrawDecal(frame, inputs, marks, page);
+}
+
+// "Name: value" lines at the top of the page, one per checked attribute in list order.
+void DrawAttributeLines(PlotFrame& frame, const DecalPageInputs& inputs,
+                        const std::vector<DecalAttribute>& values) {
+    const Colour colour = frame.PenFor(kPenFormText, 0);
+    if (colour == kNotPlotted) {
+        return;
+    }
+    frame.SetColour(colour);
+    int line = 0;
+    for (const AttributeEntry& entry : inputs.attributes) {
+        if (!entry.checked) {
+            continue;
+        }
+        ++line;
+        const std::string value = AttributeValue(values, entry.name);
+        const std::string text = value.empty() ? entry.name + ":" : entry.name + ": " + value;
+        frame.PageText(text, kListTextSize, inputs.height - kListLinePitch * line + 1, kListTextX,
+                       frame.Settings().FormularFont);
+    }
+}
+
+}  // namespace
+
+void DrawGrid(PlotFrame& frame, double width, double height, int attributeLines) {
+    const Colour colour = frame.PenFor(kPenOrigin, 0);
+    if (colour == kNotPlotted) {
+        return;
+    }
+    const PlotSettings& settings = frame.Settings();
+    frame.SetColour(colour);
+    frame.SetPenWidth(settings.GridLineWidth);
+    frame.SetPenStyle(GridPenStyle(settings.GridLineStyle));
+
+    const bool mils = settings.GridUnit == 1;
+    const double step = settings.GridSize * frame.Scale * (mils ? kMillimetresPerMil : 1.0);
+    const double left = settings.XBorder / 2;
+    const double right = width - settings.XBorder / 2;
+    const double bottom = settings.YBorder / 2 + kGridBottom;
+    const double top = height - settings.YBorder / 2 - kListLinePitch * attributeLines;
+    // The decal origin's place on the page, in the frame's page millimetres.
+    for (const double y : GridPositions(frame.OriginY1, step, bottom, top)) {
+        frame.PageMoveTo(left, y);
+        frame.PageLineTo(right, y);
+    }
+    for (const double x : GridPositions(frame.OriginX1, step, left, right)) {
+        frame.PageMoveTo(x, bottom);
+        frame.PageLineTo(x, top);
+    }
+    if (settings.ShowGridSize) {
+        const std::string label =
+            "Grid = " + TwoDecimals(settings.GridSize) + (mils ? " mils" : " mm");
+        frame.PageText(label, kFormularTextSize, bottom, left, settings.FormularFont);
+    }
+    frame.SetPenStyle(PenStyle::Solid);
+}
+
+void DrawOriginMarker(PlotFrame& frame) {
+    const Colour colour = frame.PenFor(kPenOrigin, 0);
+    if (colour == kNotPlotted) {
+        return;
+    }
+    const double r = frame.Settings().OriginSize / frame.UnitFactor / frame.Scale / 2;
+    if (!std::isfinite(r)) {
+        return;
+    }
+    frame.SetColour(colour);
+    frame.SetPenWidth(kOriginMarkerWidth);
+    frame.Circle(0, 0, r, kOriginMarkerWidth);
+    frame.MoveTo(-r, 0);
+    frame.LineTo(r, 0);
+    frame.MoveTo(0, -r);
+    frame.LineTo(0, r);
+}
+
+void DrawDecalPage(PlotFrame& frame, const DecalPageInputs& inputs) {
+    const PlotSettings& settings = frame.Settings();
+    const DecalRecord& record = inputs.record;
+    const double w = inputs.width;
+    const double h = inputs.height;
+    TerminalMarks marks;
+    const int attributeLines = ListedAttributeCount(settings.PrintAttr, inputs.attributes);
+    const std::vector<DecalAttribute> decalAttributes = ReadDecalAttributes(record);
+
+    TitleBlockInputs title;
+    title.decalName = record.name;
+    title.inputPath = inputs.inputPath;
+    title.pcbInput = inputs.inputKind.decalSource && inputs.inputKind.parttypeSource;
+    title.terminalCount = record.counts.terminals;
+    title.date = inputs.date;
+    title.width = w;
+    title.height = h;
+    DrawTitleBlock(frame, title);
+
+    if (settings.PlotOrigins && settings.OriginSize > 0.01) {
+        DrawOriginMarker(frame);
+    }
+    const bool gridInFront = settings.GridPosition == 1;
+    if (settings.ShowGrid && !gridInFront) {
+        DrawGrid(frame, w, h, attributeLines);
+    }
+
+    // Comment lines are listed at the top of the page, under the attribute lines.
+    TextItemsPage page;
+    page.decalRun = true;
+    page.printComments = settings.PrintComm;
+    page.commentTop = h;
+    page.commentBase = attributeLines;
+    page.rightLimit = w;
+    page.commentFont = settings.FormularFont;
+    const TextItemsResult texts = DrawDecal(frame, inputs, marks, page);
+
+    if (settings.View1_1) {
+        DrawViewBox(frame, inputs);
+    }
+    if (attributeLines > 0) {
+        DrawAttributeLines(frame, inputs, decalAttributes);
+    }
+    if (settings.ShowGrid && gridInFront) {
+        DrawGrid(frame, w, h, attributeLines);
+    }
+    const LibraryUnits units = LibraryUnitsOf(record);
+    if (settings.PlotPadstack) {
+        // In the left half: the right one is the 1:1 view's.
+        PrintPadStackTable(frame, inputs.stacks, PadStackTableLineCount(inputs.stacks), 1, w,
+                           settings.StackUnit, units, settings.FormularFont);
+    }
+
+    MeasurementInputs measurements;
+    measurements.terminal1X = marks.terminal1X;
+    measurements.terminal1Y = marks.terminal1Y;
+    measurements.terminal2X = marks.terminal2X;
+    measurements.terminal2Y = marks.terminal2Y;
+    measurements.heightValue = texts.labelValue;
+    measurements.heightAttribute = AttributeValue(decalAttributes, "Geometry.Height");
+    measurements.units = units;
+    measurements.width = w;
+    DrawMeasurements(frame, measurements);
+}
+
+}  // namespace zantor

@@ -1,0 +1,358 @@
+#include "plot/decal_page.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <tuple>
+
+#include "core/plot/plot_test_support.h"
+#include "library/decal_reader.h"
+#include "plot/decal_attributes.h"
+#include "plot/pieces.h"
+
+namespace zantor {
+namespace {
+
+using test::LinesOf;
+using test::PlotBench;
+using Lines = std::vector<std::string>;
+
+constexpr double kWidth = 190;
+constexpr double kHeight = 260;
+
+// A V4 library record in millimetres: `attributes` lines, then the given pieces and texts.
+DecalRecord LibraryRecord(const Lines& attributes, const Lines& pieces, int pieceCount,
+                          const Lines& texts = {}, int textCount = 0) {
+    DecalRecord record;
+    record.header = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V4*");
+    record.name = "PAGE1";
+    record.unitLetter = "M";
+    record.unitFactor = 1.0;
+    record.lines = attributes;
+    record.lines.insert(record.lines.end(), pieces.begin(), pieces.end());
+    record.lines.insert(record.lines.end(), texts.begin(), texts.end());
+    record.counts.attributes = static_cast<std::uint16_t>(attributes.size());
+    record.counts.pieces = static_cast<std::uint16_t>(pieceCount);
+    record.counts.texts = static_cast<std::uint16_t>(textCount);
+    LocateSections(record);
+    return record;
+}
+
+// A line of 20 mm along x through the origin on the outline layer.
+DecalRecord Bar() {
+    return LibraryRecord({}, {"OPEN 2 0.2 26", "-10 0", "10 0"}, 1);
+}
+
+DecalExtents ExtentsOf(const DecalRecord& record) {
+    DecalExtents extents;
+    PieceExtents(record, extents);
+    return extents;
+}
+
+// The frame's corner on the page's (0, 0): page millimetres are hundredths with y up. The decal
+// origin stands at (100, 150) mm, at 2 : 1.
+struct PageBench : PlotBench {
+    StrokeFont font;
+    PadStackList stacks;
+    AttributeList attributes;
+
+    PageBench() {
+        frame.Scale = 2;
+        frame.OriginX1 = 100;
+        frame.OriginY1 = 150;
+        settings.PlotOrigins = false;
+        settings.PlotPadstack = false;
+        settings.GridLineWidth = 0.1;
+    }
+
+    void Draw(const DecalRecord& record) {
+        DecalPageInputs inputs{.record = record,
+                               .stacks = stacks,
+                               .font = font,
+                               .attributes = attributes,
+                               .extents = ExtentsOf(record),
+                               .width = kWidth,
+                               .height = kHeight,
+                               .inputPath = "/libs/test.d",
+                               .inputKind = {true, false},
+                               .date = "01.02.03"};
+        DrawDecalPage(frame, inputs);
+    }
+
+    std::ptrdiff_t IndexOf(const std::string& line) const {
+        const Lines& all = canvas.Lines();
+        return std::find(all.begin(), all.end(), line) - all.begin();
+    }
+    bool Has(const std::string& line) const {
+        return IndexOf(line) < static_cast<std::ptrdiff_t>(canvas.Lines().size());
+    }
+    bool HasPart(const std::string& part) const {
+        return FirstIndexWith(part) < static_cast<std::ptrdiff_t>(canvas.Lines().size());
+    }
+    std::ptrdiff_t FirstIndexWith(const std::string& part) const {
+        const Lines& all = canvas.Lines();
+        return std::find_if(
+                   all.begin(), all.end(),
+                   [&](const std::string& line) { return line.find(part) != std::string::npos; }) -
+               all.begin();
+    }
+};
+
+// The y (horizontal lines) or x (vertical lines) of the grid lines recorded, in order.
+std::vector<int> GridLines(const RecordingCanvas& canvas, bool horizontal) {
+    std::vector<int> found;
+    const Lines& all = canvas.Lines();
+    for (std::size_t i = 0; i + 1 < all.size(); ++i) {
+        int x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+        if (std::sscanf(all[i].c_str(), "move %d %d", &x1, &y1) != 2 ||
+            std::sscanf(all[i + 1].c_str(), "line %d %d", &x2, &y2) != 2 ||
+            all[i + 1].find("pen=000008/") == std::string::npos) {
+            continue;
+        }
+        if (horizontal && y1 == y2) {
+            found.push_back(y1);
+        } else if (!horizontal && x1 == x2) {
+            found.push_back(x1);
+        }
+    }
+    return found;
+}
+
+TEST(DrawGrid, LinesRunThroughTheOriginAtTheMilStep) {
+    PageBench bench;
+    bench.settings.GridSize = 50;
+    bench.settings.GridUnit = 1;
+    bench.settings.GridLineStyle = 1;
+    DrawGrid(bench.frame, kWidth, kHeight, 0);
+    // 50 mils at 2 : 1 is 2.54 mm. The area: x 10 to 180, y 110 to 250.
+    const std::vector<int> rows = GridLines(bench.canvas, true);
+    ASSERT_EQ(rows.size(), 40u + 15u);
+    EXPECT_EQ(rows[0], 15000);  // through the origin first, then upwards
+    EXPECT_EQ(rows[1], 15254);
+    EXPECT_EQ(rows[39], 24906);
+    EXPECT_EQ(rows[40], 14746);  // then downwards
+    EXPECT_EQ(rows[54], 11190);
+    const std::vector<int> columns = GridLines(bench.canvas, false);
+    ASSERT_EQ(columns.size(), 32u + 35u);
+    EXPECT_EQ(columns[0], 10000);
+    EXPECT_EQ(columns[31], 17874);
+    EXPECT_EQ(columns[32], 9746);
+    EXPECT_EQ(columns[66], 1110);
+
+    const Lines& all = bench.canvas.Lines();
+    EXPECT_EQ(all[0], "move 1000 15000");
+    EXPECT_EQ(all[1], "line 18000 15000 pen=000008/10/dash");
+    EXPECT_EQ(bench.IndexOf("move 10000 11000") + 1,
+              bench.IndexOf("line 10000 25000 pen=000008/10/dash"));
+    // The pitch in the area's lower left corner, in the Origin colour; the pen is solid again.
+    EXPECT_EQ(all.back(), R"(text 1000 11280 280 "Arial" "Grid = 50.00 mils" colour=000008)");
+    EXPECT_EQ(bench.canvas.PenStyleNow(), PenStyle::Solid);
+}
+
+TEST(DrawGrid, MillimetreGridStopsBelowTheListedAttributes) {
+    PageBench bench;
+    bench.settings.GridSize = 5;
+    bench.settings.GridUnit = 0;
+    bench.settings.GridLineStyle = 2;
+    bench.frame.Scale = 1;
+    DrawGrid(bench.frame, kWidth, kHeight, 2);
+    // The area's top is 250 - 2 x 4 = 242 mm; 240 is the last line up, 115 the last down (a line
+    // on the bottom bound 110 is not drawn).
+    const std::vector<int> rows = GridLines(bench.canvas, true);
+    ASSERT_EQ(rows.size(), 19u + 7u);
+    EXPECT_EQ(rows[18], 24000);
+    EXPECT_EQ(rows.back(), 11500);
+    EXPECT_EQ(bench.IndexOf("line 10000 24200 pen=000008/10/dot"),
+              bench.IndexOf("move 10000 11000") + 1);
+    EXPECT_EQ(bench.canvas.Lines().back(),
+              R"(text 1000 11280 280 "Arial" "Grid = 5.00 mm" colour=000008)");
+}
+
+TEST(DrawGrid, OptionsAndPensLeaveThingsOut) {
+    PageBench noLabel;
+    noLabel.settings.ShowGridSize = false;
+    DrawGrid(noLabel.frame, kWidth, kHeight, 0);
+    EXPECT_FALSE(noLabel.canvas.Lines().empty());
+    EXPECT_TRUE(LinesOf(noLabel.canvas, "text").empty());
+
+    PageBench noPen;
+    noPen.settings.PenTable[0].colour[kPenOrigin] = kNotPlotted;
+    DrawGrid(noPen.frame, kWidth, kHeight, 0);
+    EXPECT_TRUE(noPen.canvas.Lines().empty());
+
+    // A pitch of nothing, or so fine it would only blacken the page.
+    PageBench zero;
+    zero.settings.GridSize = 0;
+    DrawGrid(zero.frame, kWidth, kHeight, 0);
+    EXPECT_TRUE(LinesOf(zero.canvas, "line").empty());
+    PageBench fine;
+    fine.settings.GridSize = 0.001;
+    fine.settings.GridUnit = 0;
+    DrawGrid(fine.frame, kWidth, kHeight, 0);
+    EXPECT_TRUE(LinesOf(fine.canvas, "line").empty());
+}
+
+TEST(DrawOriginMarker, IsACircleWithACrossOfOriginSizeOnPaper) {
+    PageBench bench;
+    bench.settings.OriginSize = 6;
+    DrawOriginMarker(bench.frame);
+    // 6 mm across at 2 : 1 is a radius of 1.5 library units, 3 mm on the page.
+    EXPECT_EQ(bench.canvas.Lines(),
+              (Lines{"arc 9700 14700 10300 15300 10300 15300 9700 14700 pen=000008/12/solid",
+                     "arc 9700 14700 10300 15300 9700 14700 10300 15300 pen=000008/12/solid",
+                     "move 9700 15000", "line 10300 15000 pen=000008/12/solid", "move 10000 14700",
+                     "line 10000 15300 pen=000008/12/solid"}));
+}
+
+TEST(DecalPage, OriginMarkerOnlyWhenAskedForAndLargerThanNothing) {
+    for (const auto& [plot, size, drawn] :
+         {std::tuple{true, 6.0, true}, std::tuple{true, 0.0, false}, std::tuple{true, 0.01, false},
+          std::tuple{false, 6.0, false}}) {
+        PageBench bench;
+        bench.settings.PlotOrigins = plot;
+        bench.settings.OriginSize = size;
+        bench.Draw(Bar());
+        EXPECT_EQ(LinesOf(bench.canvas, "arc").size(), drawn ? 2u : 0u) << plot << " " << size;
+    }
+}
+
+TEST(DecalPage, GridStandsBehindOrInFrontOfTheDecal) {
+    const std::string piece = "line 12000 15000 pen=000003/40/solid";
+    PageBench behind;
+    behind.settings.ShowGrid = true;
+    behind.Draw(Bar());
+    ASSERT_LT(behind.IndexOf(piece), static_cast<std::ptrdiff_t>(behind.canvas.Lines().size()));
+    EXPECT_LT(behind.FirstIndexWith("pen=000008/10/"), behind.IndexOf(piece));
+
+    PageBench front;
+    front.settings.ShowGrid = true;
+    front.settings.GridPosition = 1;
+    front.Draw(Bar());
+    ASSERT_LT(front.IndexOf(piece), static_cast<std::ptrdiff_t>(front.canvas.Lines().size()));
+    EXPECT_GT(front.FirstIndexWith("pen=000008/10/"), front.IndexOf(piece));
+    // The same grid either way.
+    EXPECT_EQ(GridLines(front.canvas, true), GridLines(behind.canvas, true));
+
+    PageBench none;
+    none.Draw(Bar());
+    EXPECT_FALSE(none.HasPart("pen=000008/"));
+}
+
+TEST(DecalPage, ViewBoxSaysThePictureIsTooBigAtTwoToOne) {
+    PageBench bench;
+    bench.settings.View1_1 = true;
+    bench.Draw(Bar());
+    // The box 78.806 x 56 mm in the lower right corner, 3 mm in from the frame.
+    EXPECT_EQ(bench.IndexOf("move 10819 4000") + 1,
+              bench.IndexOf("line 18700 4000 pen=00000A/25/solid"));
+    EXPECT_TRUE(bench.Has("line 18700 9600 pen=00000A/25/solid"));
+    EXPECT_TRUE(bench.Has("text 11019 9550 200 \"Arial\" \"(1 : 1)\" colour=000009"));
+    EXPECT_TRUE(bench.Has("text 13760 7000 400 \"Arial\" \"(picture too big)\" colour=000009"));
+    // The decal is drawn once, in the main picture.
+    EXPECT_EQ(std::count_if(bench.canvas.Lines().begin(), bench.canvas.Lines().end(),
+                            [](const std::string& line) {
+                                return line.find("pen=000003/") != std::string::npos;
+                            }),
+              1);
+}
+
+TEST(DecalPage, ViewBoxShowsTheDecalLifeSizeCentredAtFiveToOne) {
+    PageBench bench;
+    bench.settings.View1_1 = true;
+    bench.frame.Scale = 5;
+    // A bar whose extents reach further right and up: their middle (10, 1) goes to the box's
+    // middle (147.597, 68).
+    const DecalRecord record =
+        LibraryRecord({}, {"OPEN 2 0.2 26", "-10 0", "10 0", "OPEN 2 0.2 26", "30 2", "30 2"}, 2);
+    bench.Draw(record);
+    EXPECT_EQ(bench.IndexOf("move 12760 6700") + 1,
+              bench.IndexOf("line 14760 6700 pen=000003/20/solid"));
+    // The main picture at 5 : 1 round (100, 150), and no "(picture too big)".
+    EXPECT_EQ(bench.IndexOf("move 5000 15000") + 1,
+              bench.IndexOf("line 15000 15000 pen=000003/100/solid"));
+    EXPECT_FALSE(bench.HasPart("picture too big"));
+    // The page's own placement is back.
+    EXPECT_EQ(bench.frame.Scale, 5);
+    EXPECT_EQ(bench.frame.OriginX1, 100);
+    EXPECT_EQ(bench.frame.OriginY1, 150);
+}
+
+TEST(DecalPage, CheckedAttributesAreListedAtTheTopAboveTheComments) {
+    PageBench bench;
+    bench.settings.PrintAttr = true;
+    bench.settings.PrintComm = true;
+    bench.settings.HeightInfo = 1;
+    bench.attributes = {
+        {"Geometry.Height", true}, {"Description", false}, {"Value", true}, {"Tolerance", true}};
+    const DecalRecord record = LibraryRecord(
+        {"\"GEOMETRY.HEIGHT\" 6.7mm", "\"Description\" Two pins", "Value 10k"},
+        {"OPEN 2 0.2 26", "-10 0", "10 0"}, 1, {"0 0 0 30 1 0.1 N", "@@1 Keep clear"}, 1);
+    bench.Draw(record);
+    // 3 mm lines, 4 mm apart from the frame's top at 260 mm.
+    const Lines texts = LinesOf(bench.canvas, "text");
+    const auto has = [&texts](const std::string& line) {
+        return std::find(texts.begin(), texts.end(), line) != texts.end();
+    };
+    EXPECT_TRUE(has(R"(text 300 26000 300 "Arial" "Geometry.Height: 6.7mm" colour=000009)"));
+    EXPECT_TRUE(has(R"(text 300 25600 300 "Arial" "Value: 10k" colour=000009)"));
+    EXPECT_TRUE(has(R"(text 300 25200 300 "Arial" "Tolerance:" colour=000009)"));
+    // The comment lines follow under the three listed attributes, with their separator.
+    EXPECT_TRUE(has(R"(text 300 24800 300 "Arial" "Keep clear" colour=000009)"));
+    EXPECT_TRUE(bench.Has("line 19000 24400 pen=00000A/25/solid"));
+    EXPECT_FALSE(bench.HasPart("Description"));
+    // The height comes from the attribute, whatever its case in the file.
+    EXPECT_TRUE(std::find_if(bench.canvas.Lines().begin(), bench.canvas.Lines().end(),
+                             [](const std::string& line) {
+                                 return line.starts_with("text-right 6800 2130 ") &&
+                                        line.find("\"6.7mm\"") != std::string::npos;
+                             }) != bench.canvas.Lines().end());
+
+    // Off: neither listed nor room taken from the comments.
+    PageBench off;
+    off.attributes = bench.attributes;
+    off.settings.PrintComm = true;
+    off.Draw(record);
+    EXPECT_FALSE(off.HasPart("Geometry.Height:"));
+    EXPECT_TRUE(off.Has(R"(text 300 26000 300 "Arial" "Keep clear" colour=000009)"));
+}
+
+TEST(DecalPage, HeightFromTheDollarLineInTheMeasurementUnit) {
+    PageBench bench;
+    bench.settings.MeasUnit = 'M';
+    const DecalRecord record =
+        LibraryRecord({}, {"OPEN 2 0.2 26", "-10 0", "10 0"}, 1, {"0 0 0 1 1 0.1 N", "$ 4.5"}, 1);
+    bench.Draw(record);
+    EXPECT_TRUE(bench.Has(R"(text-right 6800 2130 280 "Arial" "4.500" colour=000009)"));
+    // No terminals: both measured positions are the origin.
+    EXPECT_TRUE(bench.Has(R"(text-right 5100 1280 280 "Arial" "0.000" colour=000009)"));
+    EXPECT_TRUE(bench.Has(R"(text-right 6800 930 280 "Arial" "0.000" colour=000009)"));
+}
+
+TEST(DecalAttributes, NamesWithOrWithoutQuotesAndTheirValues) {
+    const DecalRecord record =
+        LibraryRecord({"\"Geometry.Height\" 180mil", "\"Description\"  Pin header, 2 rows  ",
+                       "Plain value", "\"Unclosed name"},
+                      {"OPEN 2 0.2 26", "-10 0", "10 0"}, 1);
+    const std::vector<DecalAttribute> attributes = ReadDecalAttributes(record);
+    EXPECT_EQ(attributes, (std::vector<DecalAttribute>{{"Geometry.Height", "180mil"},
+                                                       {"Description", "Pin header, 2 rows"},
+                                                       {"Plain", "value"},
+                                                       {"Unclosed name", ""}}));
+    EXPECT_EQ(AttributeValue(attributes, "GEOMETRY.HEIGHT"), "180mil");
+    EXPECT_EQ(AttributeValue(attributes, "Geometry.Width"), "");
+
+    // A count beyond the body reads what there is; PCB decals have no attribute lines.
+    DecalRecord shortRecord = record;
+    shortRecord.lines.resize(2);
+    EXPECT_EQ(ReadDecalAttributes(shortRecord).size(), 2u);
+    DecalRecord board = record;
+    board.header = AnalyseHeader("!PADS-POWERPCB-V4.0-MILS!");
+    EXPECT_TRUE(ReadDecalAttributes(board).empty());
+
+    EXPECT_EQ(ListedAttributeCount(true, {{"A", true}, {"B", false}, {"C", true}}), 2);
+    EXPECT_EQ(ListedAttributeCount(false, {{"A", true}}), 0);
+}
+
+}  // namespace
+}  // namespace zantor
