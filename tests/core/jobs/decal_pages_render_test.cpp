@@ -73,8 +73,12 @@ struct PrintRun {
 
     // Places and draws one decal page on `canvas` for paper of `paper`.
     // The PNG pages show the options a page can add: a grid behind the decal, the chosen
-    // attributes listed at the top, the height from the Geometry.Height attribute.
+    // attributes listed at the top, the height from the Geometry.Height attribute, and pens of
+    // their own colours for pads (green), pin numbers and holes (red) and origin and grid (blue).
     void ShowOptions() {
+        settings.PenTable[0].colour[kPenPads] = 0x00A000;
+        settings.PenTable[0].colour[kPenPinNo] = 0x0000FF;
+        settings.PenTable[0].colour[kPenOrigin] = 0xFF0000;
         settings.ShowGrid = true;
         settings.GridSize = 50;
         settings.GridLineWidth = 0.1;
