@@ -74,7 +74,7 @@ TEST(SampleLibrary, RecordsCarryTheirUnitsAndCounts) {
 
     ASSERT_TRUE(reader.FindDecal("TO220"));
     reader.ReadRecord(record);
-    // The slot: plated, 35 mil wide, 55 mil long, along x.
+    // The slot: plated, 35 mil wide, 55 mil long, along the finger pads.
     EXPECT_EQ(record.lines[record.firstStack], "PAD 0 3 P 35 0 55 0");
     EXPECT_EQ(record.counts.texts, 0);
     EXPECT_EQ(record.firstText, record.firstTerminal);
