@@ -90,8 +90,10 @@ bool FirstLineIsLibrary(std::string_view firstLine, int unitField) {
     if (firstLine.empty()) {
         return false;
     }
-    for (std::string_view header :
-         {"!PADS-POWERPCB", "*PADS-LIBRARY-PART-TYPES", "*PADS-LIBRARY-PCB-DECALS"}) {
+    // Newer PADS Layout databases name their product "!PADS-LAYOUT" instead of
+    // "!PADS-POWERPCB"; they hold the same decal and parttype sections.
+    for (std::string_view header : {"!PADS-POWERPCB", "!PADS-LAYOUT", "*PADS-LIBRARY-PART-TYPES",
+                                    "*PADS-LIBRARY-PCB-DECALS"}) {
         if (firstLine.find(header) != std::string_view::npos) {
             return true;
         }

@@ -26,6 +26,8 @@ TEST(LibraryVersion, HeaderTextsAtTheStartOfTheLine) {
 TEST(FirstLineIsLibrary, HeaderTextsAnywhereOrAUnitLetter) {
     EXPECT_TRUE(FirstLineIsLibrary("  *PADS-LIBRARY-PCB-DECALS-V4*", 2));
     EXPECT_TRUE(FirstLineIsLibrary("x !PADS-POWERPCB-V9.5", 2));
+    EXPECT_TRUE(FirstLineIsLibrary("!PADS-LAYOUT-V2024.2-MM!", 2));
+    EXPECT_FALSE(FirstLineIsLibrary("*PADS-PCB*", 2));
     EXPECT_TRUE(FirstLineIsLibrary("*PADS-LIBRARY-PART-TYPES-V9*", 2));
     EXPECT_FALSE(FirstLineIsLibrary("*PADS-PCB*", 2));
     EXPECT_FALSE(FirstLineIsLibrary("", 2));
