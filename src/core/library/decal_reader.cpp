@@ -1,6 +1,7 @@
 #include "library/decal_reader.h"
 
 #include <stdexcept>
+#include <unordered_set>
 
 #include "common/errors.h"
 #include "library/words.h"
@@ -154,6 +155,69 @@ bool DecalReader::FindDecalFromStart(std::string_view name) {
         while (Advance() && !TrimBlanks(FirstWord(line_)).empty()) {
         }
     }
+}
+
+DecalPositions DecalReader::LocateDecals(std::span<const std::string> names) {
+    found_ = false;
+    DecalPositions positions;
+    // Views into `names`: the lines' first words are looked up without a copy.
+    std::unordered_set<std::string_view> wanted;
+    for (const std::string& name : names) {
+        wanted.insert(CutTo(name, kMaxDecalNameLength));
+    }
+    // A search stops at the first line that has the name as its first word, whether a header
+    // follows it or not.
+    const auto take = [&](std::string_view word, std::string_view rest) {
+        const auto at = wanted.find(CutTo(word, kMaxDecalNameLength));
+        if (at == wanted.end()) {
+            return;
+        }
+        positions.emplace(std::string(*at), DecalPosition{lines_.LineStart(), lines_.LineNumber(),
+                                                          IsBlankLine(rest)});
+        wanted.erase(at);
+    };
+    if (FramedByCounts()) {
+        if (lines_.LineNumber() == 1 && !header_.pcbFile &&
+            (line_.starts_with('*') || line_.starts_with('!'))) {
+            Advance();
+        }
+        // Record by record, as SearchRecords goes: every search passes over the same records.
+        while (!wanted.empty()) {
+            SkipToRecord();
+            if (ended_ || line_.starts_with('*')) {
+                break;
+            }
+            std::string_view rest = line_;
+            take(TakeWord(rest), rest);
+            PassOverRecord();
+        }
+        return positions;
+    }
+    while (!ended_ && !wanted.empty()) {
+        std::string_view rest = line_;
+        take(TakeWord(rest), rest);
+        Advance();
+    }
+    return positions;
+}
+
+bool DecalReader::FindDecalAt(const DecalPosition& position) {
+    found_ = false;
+    iterating_ = false;
+    ended_ = false;
+    lines_.SeekLine(position.offset, position.lineNumber);
+    if (!Advance()) {
+        throw IoError("the file changed while it was read: line " +
+                          std::to_string(position.lineNumber) + " is gone",
+                      FileName());
+    }
+    std::string_view rest = line_;
+    const std::string_view name = CutTo(TakeWord(rest), kMaxDecalNameLength);
+    if (IsBlankLine(rest)) {
+        return false;
+    }
+    MarkFound(name, rest);
+    return true;
 }
 
 bool DecalReader::SearchRecords(std::string_view name) {

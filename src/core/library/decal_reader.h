@@ -6,8 +6,11 @@
 // reads that decal's record into a DecalRecord. Only the current line and one record are held.
 
 #include <filesystem>
+#include <ios>
+#include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "library/decal_record.h"
 #include "library/file_header.h"
@@ -36,6 +39,18 @@ double DecalUnitFactor(const FileHeader& header, std::string_view unitLetter);
 // Counts beyond the body end at lines.size(). A corner or stack line count that is not a number
 // is a ConversionError naming the file and line.
 void LocateSections(DecalRecord& record);
+
+// The line where a search for a decal name stops: its first byte in the file and its number.
+struct DecalPosition {
+    std::streamoff offset = 0;
+    long lineNumber = 0;
+    // The name stands alone on the line, so the search fails there.
+    bool standsAlone = false;
+};
+
+// Names (cut to kMaxDecalNameLength) and where FindDecal stops for them; a name FindDecal would
+// not find has no entry.
+using DecalPositions = std::unordered_map<std::string, DecalPosition>;
 
 class DecalReader {
   public:
@@ -76,6 +91,17 @@ class DecalReader {
     // blank is the next header. Libraries start after their header line, PCB files at the first
     // decal header.
     bool FindDecalFromStart(std::string_view name);
+
+    // Where FindDecal, started from the current line, would stop for each of `names`, found in
+    // one pass over the rest of the file instead of one search per name. A print job that
+    // starts every search of a PCB file at its decals (RestartAtDecals) looks its selection up
+    // here once and then goes to each decal with FindDecalAt. The pass ends at the file's end,
+    // where a search would, or once every name is placed; the reader then stands wherever the
+    // pass ended.
+    DecalPositions LocateDecals(std::span<const std::string> names);
+    // Goes to the line of `position` and ends there as FindDecal would: true when ReadRecord can
+    // read the decal's record, false when the name stands alone on the line.
+    bool FindDecalAt(const DecalPosition& position);
 
     // Reads the record whose header the last successful search stopped at: unit letter and
     // factor, the counts of the dialect, then the body lines as the dialect frames them (up to

@@ -45,6 +45,7 @@ bool LineReader::ReadLine(std::string& line) {
         return false;
     }
     bool readAny = false;
+    const std::streamoff start = nextOffset_;
     for (;;) {
         int c = buffer->sbumpc();
         if (c == std::char_traits<char>::eof()) {
@@ -52,6 +53,7 @@ bool LineReader::ReadLine(std::string& line) {
             break;
         }
         readAny = true;
+        ++nextOffset_;
         if (c == '\n') {
             break;
         }
@@ -65,6 +67,7 @@ bool LineReader::ReadLine(std::string& line) {
     if (!line.empty() && line.back() == '\r') {
         line.pop_back();
     }
+    lineStart_ = start;
     ++lineNumber_;
     return true;
 }
@@ -81,6 +84,20 @@ void LineReader::Rewind() {
         throw IoError("cannot go back to the start of the file", name_);
     }
     lineNumber_ = 0;
+    lineStart_ = 0;
+    nextOffset_ = 0;
+}
+
+void LineReader::SeekLine(std::streamoff offset, long lineNumber) {
+    in_->clear();
+    in_->seekg(offset);
+    if (in_->fail()) {
+        throw IoError("cannot go back to line " + std::to_string(lineNumber) + " of the file",
+                      name_);
+    }
+    nextOffset_ = offset;
+    lineStart_ = offset;
+    lineNumber_ = lineNumber - 1;
 }
 
 }  // namespace zantor

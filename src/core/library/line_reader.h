@@ -30,6 +30,13 @@ class LineReader {
     // Back to the first line.
     void Rewind();
 
+    // The byte offset in the input of the first byte of the line read last (0 before the first).
+    std::streamoff LineStart() const { return lineStart_; }
+    // Goes to `offset`, the first byte of a line found by LineStart earlier, so that the next
+    // ReadLine reads that line again and numbers it `lineNumber`. An IoError when the input
+    // cannot go there.
+    void SeekLine(std::streamoff offset, long lineNumber);
+
     // The file name (or stream name) for messages.
     const std::string& Name() const { return name_; }
 
@@ -42,6 +49,8 @@ class LineReader {
     std::istream* in_;
     std::string name_;
     long lineNumber_ = 0;
+    std::streamoff lineStart_ = 0;
+    std::streamoff nextOffset_ = 0;  // of the next byte ReadLine takes
 };
 
 }  // namespace zantor
