@@ -1,5 +1,7 @@
 #include "jobs/output_target.h"
 
+#include <algorithm>
+
 namespace zantor {
 
 void OutputTarget::BeginDocument() {
@@ -69,6 +71,24 @@ void OutputTarget::DropUnfinished() noexcept {
         SetSurface(nullptr);
         DropDocument();
     }
+}
+
+PaperArea PaperAreaOf(const PageMetrics& page) {
+    PaperArea paper;
+    paper.width = page.widthMm;
+    paper.height = page.heightMm;
+    if (page.pixelsPerInchX > 0 && page.pixelsPerInchY > 0) {
+        const double mmPerDotX = 25.4 / page.pixelsPerInchX;
+        const double mmPerDotY = 25.4 / page.pixelsPerInchY;
+        paper.leftOffset = page.physicalOffsetX * mmPerDotX;
+        paper.topOffset = page.physicalOffsetY * mmPerDotY;
+        // A sheet of whole device pixels can come out a hair smaller than the printable area.
+        paper.rightOffset =
+            std::max(0.0, page.physicalWidth * mmPerDotX - page.widthMm - paper.leftOffset);
+        paper.bottomOffset =
+            std::max(0.0, page.physicalHeight * mmPerDotY - page.heightMm - paper.topOffset);
+    }
+    return paper;
 }
 
 std::filesystem::path NumberedPath(const std::filesystem::path& path, int n) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "jobs/decal_placement.h"
 #include "jobs/page_canvas.h"
 #include "plot/qpainter_canvas.h"
 
@@ -101,6 +102,10 @@ class OutputTarget {
     int jobPages_ = 0;
     std::vector<std::filesystem::path> writtenFiles_;
 };
+
+// The printable area and unprintable offsets of `page` in millimetres, as the page geometry of a
+// job takes them.
+PaperArea PaperAreaOf(const PageMetrics& page);
 
 // `path` with "-n" put before its extension: out.pdf -> out-3.pdf.
 std::filesystem::path NumberedPath(const std::filesystem::path& path, int n);

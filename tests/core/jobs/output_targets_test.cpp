@@ -138,6 +138,31 @@ TEST(OutputTargets, FilePagesAreTheWholeSheetAtTheTargetsResolution) {
     EXPECT_EQ(svg.physicalHeight, 2794);
 }
 
+TEST(OutputTargets, PaperAreaFromThePrintersMetrics) {
+    PageMetrics page;
+    page.widthMm = 200;
+    page.heightMm = 280;
+    page.physicalWidth = 1000;  // 254 mm at 100 dots per inch
+    page.physicalHeight = 1200;
+    page.physicalOffsetX = 50;
+    page.physicalOffsetY = 20;
+    page.pixelsPerInchX = 100;
+    page.pixelsPerInchY = 100;
+    const PaperArea paper = PaperAreaOf(page);
+    EXPECT_DOUBLE_EQ(paper.width, 200);
+    EXPECT_DOUBLE_EQ(paper.height, 280);
+    EXPECT_DOUBLE_EQ(paper.leftOffset, 12.7);
+    EXPECT_DOUBLE_EQ(paper.topOffset, 5.08);
+    EXPECT_NEAR(paper.rightOffset, 254 - 200 - 12.7, 1e-9);
+    EXPECT_NEAR(paper.bottomOffset, 304.8 - 280 - 5.08, 1e-9);
+    // Files print to the sheet's edges.
+    const PaperArea a4 =
+        PaperAreaOf(PdfTarget("x.pdf", PaperSize::A4, DocumentFiles::Single).Page());
+    EXPECT_DOUBLE_EQ(a4.leftOffset, 0);
+    EXPECT_NEAR(a4.rightOffset, 0, 0.02);
+    EXPECT_DOUBLE_EQ(a4.bottomOffset, 0);  // 14031 dots are a hair short of 297 mm
+}
+
 TEST(OutputTargets, DocumentStateAndPageCounts) {
     TempDir dir;
     TraceTarget target(dir.Path() / "run.trace", PaperSize::A4, DocumentFiles::Numbered);
