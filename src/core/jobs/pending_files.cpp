@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QString>
+#include <string>
 #include <system_error>
 
 #include "common/errors.h"
@@ -17,9 +18,12 @@ std::filesystem::path PendingFiles::Add(const std::filesystem::path& finalPath) 
     // exclusively, with the permissions a new file gets there anyway.
     QString reason;
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const std::filesystem::path temporary =
-            finalPath.parent_path() /
-            ("." + finalPath.filename().string() + "." + std::to_string(random_()) + ".tmp");
+        std::string name = ".";
+        name += finalPath.filename().string();
+        name += '.';
+        name += std::to_string(random_());
+        name += ".tmp";
+        const std::filesystem::path temporary = finalPath.parent_path() / name;
         QFile file(QString::fromStdU16String(temporary.u16string()));
         if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
             file.close();
