@@ -97,10 +97,12 @@ class SavedPlacement {
 // Pieces under the pads, the pads, the texts, and the outlines on top.
 TextItemsResult DrawDecal(PlotFrame& frame, const DecalPageInputs& inputs, TerminalMarks& marks,
                           const TextItemsPage& page) {
-    DrawPieces(frame, inputs.record, false, frame.Messages());
+    UnknownPieceReports ownReports;
+    UnknownPieceReports& reports = inputs.pieceReports ? *inputs.pieceReports : ownReports;
+    DrawPieces(frame, inputs.record, false, frame.Messages(), reports);
     DrawTerminals(frame, inputs.font, inputs.record, inputs.stacks, marks);
     const TextItemsResult texts = DrawTextItems(frame, inputs.record, inputs.font, page);
-    DrawPieces(frame, inputs.record, true, frame.Messages());
+    DrawPieces(frame, inputs.record, true, frame.Messages(), reports);
     return texts;
 }
 

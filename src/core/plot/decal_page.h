@@ -12,6 +12,7 @@
 #include "library/decal_record.h"
 #include "library/pad_stacks.h"
 #include "plot/extents.h"
+#include "plot/pieces.h"
 #include "plot/plot_frame.h"
 #include "shell/attribute_list.h"
 #include "shell/identification.h"
@@ -38,6 +39,9 @@ struct DecalPageInputs {
     std::string inputPath;  // the file the decal comes from (the library name)
     InputKind inputKind;    // a PCB file (decal and parttype source) is named "PCB:"
     std::string date;       // the plot date as printed: TodayShortDate()
+    // The unknown piece keywords the print job has reported so far, so that later files report
+    // each once per job; without it each page reports its own.
+    UnknownPieceReports* pieceReports = nullptr;
 };
 
 // Draws the whole page with the settings of the frame.

@@ -1,0 +1,244 @@
+#include "jobs/print_job.h"
+
+#include <algorithm>
+
+#include "jobs/decal_source.h"
+#include "jobs/index_layout.h"
+#include "jobs/index_run.h"
+#include "library/pad_stacks.h"
+#include "plot/decal_attributes.h"
+#include "plot/decal_page.h"
+#include "plot/terminals.h"
+#include "plot/text_items.h"
+#include "plot/title_block.h"
+
+namespace zantor {
+namespace {
+
+// Millimetres per device unit of the printer's mapping.
+constexpr double kPrinterMmPerUnit = 0.01;
+
+DecalExtents ExtentsOf(const DecalRecord& record) {
+    DecalExtents extents;
+    PieceExtents(record, extents);
+    TerminalExtents(record, extents);
+    return extents;
+}
+
+// The decal alone, fitted into the view box: no frame, no title block.
+void DrawDecalAlone(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
+                    UnknownPieceReports& reports) {
+    const PlotSettings& settings = frame.Settings();
+    if (settings.PlotOrigins && settings.OriginSize > 0.01) {
+        DrawOriginMarker(frame);
+    }
+    const PadStackList stacks = ReadPadStacks(record);
+    TerminalMarks marks;
+    TextItemsPage page;
+    page.commentFont = settings.FormularFont;
+    DrawPieces(frame, record, false, frame.Messages(), reports);
+    DrawTerminals(frame, font, record, stacks, marks);
+    DrawTextItems(frame, record, font, page);
+    DrawPieces(frame, record, true, frame.Messages(), reports);
+}
+
+}  // namespace
+
+PrintJob::PrintJob(PlotContext& context, OutputTarget& target, UserMessages& messages)
+    : PlotDate(TodayShortDate()),
+      context_(context),
+      target_(&target),
+      surface_(PlotSurface::Printer),
+      frame_(target.Canvas(), context.PlotSettings, messages) {
+    context_.OutputTarget = PlotSurface::Printer;
+    paper_ = PaperAreaOf(target.Page());
+    page_ = PageGeometryOf(paper_, MarginsOf(context.PlotSettings));
+    frame_.Surface = PlotSurface::Printer;
+    frame_.MmPerUnitX = kPrinterMmPerUnit;
+    frame_.MmPerUnitY = kPrinterMmPerUnit;
+    frame_.PageHeight = page_.pageHeight;
+}
+
+PrintJob::PrintJob(PlotContext& context, PlotSurface surface, PlotCanvas& canvas,
+                   const ScreenBox& box, UserMessages& messages)
+    : PlotDate(TodayShortDate()),
+      context_(context),
+      surface_(surface == PlotSurface::Printer ? PlotSurface::PreviewWindow : surface),
+      frame_(canvas, context.PlotSettings, messages) {
+    context_.OutputTarget = surface_;
+    frame_.Surface = surface_;
+    frame_.PaintBoxHeight = box.height;
+    if (surface_ == PlotSurface::ViewBox) {
+        page_ = ViewBoxGeometry(box);
+        frame_.MmPerUnitX = 1;
+        frame_.MmPerUnitY = 1;
+    } else {
+        paper_ = PreviewPaper(box);
+        page_ = PageGeometryOf(paper_, MarginsOf(context.PlotSettings));
+        frame_.MmPerUnitX = PreviewMmPerPixelX(box);
+        frame_.MmPerUnitY = PreviewMmPerPixelY(box);
+    }
+    frame_.PageHeight = page_.pageHeight;
+}
+
+PrintJob::~PrintJob() = default;
+
+int PrintJob::DecalsPerPage() const {
+    return indexRun_ ? indexRun_->Layout().decalsPerPage : 1;
+}
+
+void PrintJob::StartPrint(std::size_t selectedCount, bool pcbInput) {
+    selectedCount_ = selectedCount;
+    pcbInput_ = pcbInput;
+    printed_ = 0;
+    pageHasDecal_ = false;
+    indexPageDone_ = false;
+    attributeLines_ = ListedAttributeCount(context_.PlotSettings.PrintAttr, context_.AttributeList);
+    indexRun_.reset();
+    if (context_.PlotKind == PlotKind::Index && surface_ != PlotSurface::ViewBox) {
+        IndexRunInputs inputs;
+        inputs.area = IndexPageAreaOf(paper_, context_.PlotSettings);
+        inputs.selectedCount = selectedCount;
+        inputs.inputPath = context_.PlotSettings.Inputfile;
+        inputs.pcbInput = pcbInput;
+        inputs.date = PlotDate;
+        indexRun_ = std::make_unique<IndexRun>(frame_, context_.StrokeFont, std::move(inputs));
+    }
+}
+
+void PrintJob::PlotDecal(const DecalRecord& record) {
+    const DecalExtents extents = ExtentsOf(record);
+    if (surface_ == PlotSurface::ViewBox) {
+        PlotInViewBox(record, extents);
+    } else if (context_.PlotKind == PlotKind::Index) {
+        PlotIndexCell(record, extents);
+    } else {
+        PlotDecalPage(record, extents);
+    }
+    ++printed_;
+}
+
+void PrintJob::OpenPageForDecal() {
+    if (!target_->Printing()) {
+        target_->BeginDocument();
+        pageHasDecal_ = false;
+    } else if (pageHasDecal_) {
+        target_->NewPage();
+    }
+    pageHasDecal_ = true;
+}
+
+void PrintJob::PlotDecalPage(const DecalRecord& record, const DecalExtents& extents) {
+    const PlotSettings& settings = context_.PlotSettings;
+    const DecalArea area{page_.usableWidth, page_.usableHeight, settings.XBorder, settings.YBorder,
+                         attributeLines_};
+    const DecalPlacement placement =
+        PlaceDecal(area, extents, record.unitFactor, settings.MaxScale);
+    if (Printer()) {
+        OpenPageForDecal();
+    }
+    ApplyPlacement(frame_, page_, placement, record.unitFactor);
+    const PadStackList stacks = ReadPadStacks(record);
+    DecalPageInputs inputs{.record = record,
+                           .stacks = stacks,
+                           .font = context_.StrokeFont,
+                           .attributes = context_.AttributeList,
+                           .extents = extents,
+                           .width = page_.usableWidth,
+                           .height = page_.usableHeight,
+                           .inputPath = settings.Inputfile,
+                           .inputKind = InputKind{true, record.header.pcbFile},
+                           .date = PlotDate,
+                           .pieceReports = &pieceReports_};
+    DrawDecalPage(frame_, inputs);
+    if (Printer() && settings.SeperatePages) {
+        target_->EndDocument();
+    }
+}
+
+void PrintJob::PlotInViewBox(const DecalRecord& record, const DecalExtents& extents) {
+    const PlotSettings& settings = context_.PlotSettings;
+    DecalPlacement placement = PlaceDecalInBox(page_.usableWidth, page_.usableHeight, extents,
+                                               record.unitFactor, settings.MaxScale);
+    ApplyPlacement(frame_, page_, placement, record.unitFactor);
+    DrawDecalAlone(frame_, record, context_.StrokeFont, pieceReports_);
+}
+
+void PrintJob::PlotIndexCell(const DecalRecord& record, const DecalExtents& extents) {
+    if (Printer()) {
+        if (!target_->Printing()) {
+            target_->BeginDocument();
+        } else if (indexPageDone_) {
+            target_->NewPage();
+        }
+    }
+    const PadStackList stacks = ReadPadStacks(record);
+    indexPageDone_ = indexRun_->AddDecal(record, stacks, extents).pageFramed;
+}
+
+void PrintJob::EndPrint() {
+    // A page with cells that the last decal found did not complete still gets its frame.
+    if (indexRun_ && (indexRun_->Row() > 1 || indexRun_->Column() > 1)) {
+        indexRun_->Finish();
+    }
+    if (Printer() && target_->Printing()) {
+        target_->EndDocument();
+    }
+}
+
+PrintSummary PrintJob::PrintDecals(std::span<const std::string> selection,
+                                   PrintProgress* progress) {
+    if (!Printer()) {
+        progress = nullptr;
+    }
+    PrintSummary summary;
+    const int total = static_cast<int>(selection.size());
+    if (progress != nullptr) {
+        progress->Started(total);
+    }
+    try {
+        DecalSource source(context_.PlotSettings.Inputfile, selection);
+        StartPrint(selection.size(), source.Header().pcbFile);
+        DecalRecord record;
+        bool done = selection.empty();
+        for (std::size_t item = 0; item < selection.size() && !done; ++item) {
+            if (Printer() && target_->Aborted()) {
+                break;
+            }
+            const std::string name = WantedDecalName(selection[item]);
+            if (progress != nullptr) {
+                progress->Looking(name);
+            }
+            if (source.Read(name, record)) {
+                PlotDecal(record);
+            } else {
+                summary.notFound.push_back(name);
+            }
+            if (surface_ == PlotSurface::ViewBox ||
+                (surface_ == PlotSurface::PreviewWindow &&
+                 (context_.PlotKind != PlotKind::Index || printed_ >= DecalsPerPage()))) {
+                done = true;
+            }
+            if (progress != nullptr) {
+                progress->Position(printed_);
+            }
+            done = done || printed_ >= total;
+        }
+        if (!(Printer() && target_->Aborted())) {
+            EndPrint();
+        }
+    } catch (...) {
+        if (Printer()) {
+            target_->Abort();
+        }
+        throw;
+    }
+    summary.printed = printed_;
+    summary.aborted = Printer() && target_->Aborted();
+    if (progress != nullptr) {
+        progress->Finished(kPrintingCompleted);
+    }
+    return summary;
+}
+
+}  // namespace zantor

@@ -1,0 +1,478 @@
+// The print job from the selected names to the pages of an output target: which decals get a
+// page and in which order, their scales, documents and pages, progress and abort, the one-pass
+// lookup of PCB files, and the two on-screen pictures.
+
+#include "jobs/print_job.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "core/jobs/jobs_test_support.h"
+#include "font/font_location.h"
+#include "jobs/pdf_target.h"
+#include "jobs/screen_pages.h"
+#include "jobs/trace_target.h"
+#include "library/decal_reader.h"
+#include "support/test_support.h"
+
+namespace zantor {
+namespace {
+
+using test::App;
+
+const std::vector<std::string> kSampleDecals = {"DIP8",  "SO8",    "R0603",
+                                                "TO220", "HDR2X5", "SOT223"};
+
+std::filesystem::path SampleLibrary() {
+    return test::SourceDir() / "data" / "samples" / "sample.d";
+}
+
+// What the program holds for a print command: settings for `input`, the bundled font.
+struct Command {
+    PlotContext context;
+    RecordingMessages messages;
+
+    explicit Command(const std::filesystem::path& input, PlotKind kind = PlotKind::Decal) {
+        App();
+        context.PlotKind = kind;
+        context.PlotSettings.Inputfile = input.string();
+        EXPECT_TRUE(context.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages));
+    }
+
+    PrintSummary Print(OutputTarget& target, const std::vector<std::string>& names,
+                       PrintProgress* progress = nullptr) {
+        PrintJob job(context, target, messages);
+        job.PlotDate = "22.11.2026";
+        return job.PrintDecals(names, progress);
+    }
+};
+
+std::string FileText(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// The pages of a trace file, each the text of its drawing lines.
+std::vector<std::string> TracePages(const std::filesystem::path& file) {
+    std::istringstream in(FileText(file));
+    std::vector<std::string> pages;
+    std::string line;
+    while (std::getline(in, line)) {
+        if (line.starts_with("page ")) {
+            pages.emplace_back();
+        } else if (!pages.empty()) {
+            pages.back() += line + "\n";
+        }
+    }
+    return pages;
+}
+
+bool HasText(const std::string& page, const std::string& text) {
+    return page.find("\"" + text + "\"") != std::string::npos;
+}
+
+// The decal names of the title blocks, page by page.
+std::vector<std::string> DecalsOnPages(const std::filesystem::path& trace,
+                                       const std::vector<std::string>& candidates) {
+    std::vector<std::string> names;
+    for (const std::string& page : TracePages(trace)) {
+        std::string found;
+        for (const std::string& name : candidates) {
+            if (HasText(page, name)) {
+                found = name;
+            }
+        }
+        names.push_back(found);
+    }
+    return names;
+}
+
+class RecordedProgress : public PrintProgress {
+  public:
+    void Started(int total) override { events.push_back("started " + std::to_string(total)); }
+    void Looking(const std::string& name) override { events.push_back("looking " + name); }
+    void Position(int printed) override {
+        events.push_back("position " + std::to_string(printed));
+        if (printed == abortAt && target != nullptr) {
+            target->Abort();
+        }
+    }
+    void Finished(const std::string& text) override { events.push_back("finished " + text); }
+
+    std::vector<std::string> events;
+    OutputTarget* target = nullptr;
+    int abortAt = -1;
+};
+
+// A one-line decal of `width` mm: it fits the A4 drawing area (152 mm across between the
+// borders, 142 mm high) at 152 / width.
+std::string LineDecal(const std::string& name, double width) {
+    std::ostringstream decal;
+    decal << name << " M 0 0 0 0 1 0 0 0\nOPEN 2 0.1 26\n0 0\n" << width << " 0\n\n";
+    return decal.str();
+}
+
+TEST(PrintJobScales, AWholeRunDrawsEveryDecalAtItsWholeScale) {
+    test::TempDir dir;
+    const auto library = dir.WriteFile(
+        "scales.d", "*PADS-LIBRARY-PCB-DECALS-V4*\n\n" + LineDecal("FIT37", 152 / 3.7) +
+                        LineDecal("FIT03", 152 / 0.3) + LineDecal("FIT05", 152 / 0.5) +
+                        LineDecal("FIT42", 3.6) +
+                        "DOT M 0 0 0 0 0 0 1 1\nT0 0 0 0 1\nPAD 0 1 P 0 0 0 0\n-2 1 R\n\n");
+    Command command(library);
+    const auto trace = dir.Path() / "scales.trace";
+    TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+    const PrintSummary summary = command.Print(target, {"FIT37", "FIT03", "FIT05", "FIT42", "DOT"});
+    EXPECT_EQ(summary.printed, 5);
+    const std::vector<std::string> pages = TracePages(trace);
+    ASSERT_EQ(pages.size(), 5u);
+    EXPECT_TRUE(HasText(pages[0], "3 : 1"));
+    EXPECT_TRUE(HasText(pages[1], "1 : 4"));
+    EXPECT_TRUE(HasText(pages[2], "1 : 3"));
+    EXPECT_TRUE(HasText(pages[3], "10 : 1"));  // 42.2, cut to MaxScale
+    EXPECT_TRUE(HasText(pages[4], "10 : 1"));  // no extent at all
+    command.context.PlotSettings.MaxScale = 50;
+    TraceTarget larger(dir.Path() / "larger.trace", PaperSize::A4, DocumentFiles::Single);
+    command.Print(larger, {"FIT42"});
+    EXPECT_TRUE(HasText(TracePages(dir.Path() / "larger.trace").at(0), "42 : 1"));
+    EXPECT_TRUE(command.messages.Entries().empty());
+}
+
+TEST(PrintJobPages, OnePdfPagePerDecalAndNoneAfterTheLast) {
+    test::TempDir dir;
+    Command command(SampleLibrary());
+    const auto pdf = dir.Path() / "sample.pdf";
+    PdfTarget target(pdf, PaperSize::A4, DocumentFiles::Single);
+    RecordedProgress progress;
+    const PrintSummary summary = command.Print(target, kSampleDecals, &progress);
+    EXPECT_EQ(summary.printed, 6);
+    EXPECT_FALSE(summary.aborted);
+    EXPECT_EQ(target.WrittenFiles(), std::vector<std::filesystem::path>{pdf});
+    const auto info = test::ReadPdfInfo(pdf);
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->pages, 6);
+    EXPECT_NEAR(info->widthPoints, 595.3, 1);
+    EXPECT_NEAR(info->heightPoints, 841.9, 1);
+    EXPECT_EQ(info->title, "Zantor");
+    // The title block's texts are text in the PDF.
+    const std::string third = test::PdfPageText(pdf, 3);
+    for (const char* text : {"DECAL:", "R0603", "LIBRARY:", "sample", "SCALE:", "22.11.2026"}) {
+        EXPECT_NE(third.find(text), std::string::npos) << text << " in\n" << third;
+    }
+    EXPECT_EQ(progress.events.front(), "started 6");
+    EXPECT_EQ(progress.events.back(), "finished Printing completed.");
+    EXPECT_EQ(progress.events.size(), 2u + 2 * 6);
+    EXPECT_TRUE(command.messages.Entries().empty());
+}
+
+TEST(PrintJobPages, NamesNotFoundPrintNothingAndLeaveNoEmptyPage) {
+    test::TempDir dir;
+    Command command(SampleLibrary());
+    // A library is searched forward only: DIP8 after SO8 is not found, and as that search ran
+    // to the end of the file, nothing after it is found either.
+    const auto trace = dir.Path() / "some.trace";
+    TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+    RecordedProgress progress;
+    const PrintSummary summary = command.Print(target, {"SO8", "DIP8", "TO220"}, &progress);
+    EXPECT_EQ(summary.printed, 1);
+    EXPECT_EQ(summary.notFound, (std::vector<std::string>{"DIP8", "TO220"}));
+    EXPECT_EQ(DecalsOnPages(trace, kSampleDecals), (std::vector<std::string>{"SO8"}));
+    EXPECT_EQ(progress.events,
+              (std::vector<std::string>{"started 3", "looking SO8", "position 1", "looking DIP8",
+                                        "position 1", "looking TO220", "position 1",
+                                        "finished Printing completed."}));
+
+    // In file order, with blanks around a name and a name the file lacks at the end.
+    const auto ordered = dir.Path() / "ordered.trace";
+    TraceTarget second(ordered, PaperSize::A4, DocumentFiles::Single);
+    const PrintSummary found = command.Print(second, {"SO8", "  TO220  ", "SOT223", "NOSUCH"});
+    EXPECT_EQ(found.printed, 3);
+    EXPECT_EQ(found.notFound, std::vector<std::string>{"NOSUCH"});
+    EXPECT_EQ(DecalsOnPages(ordered, kSampleDecals),
+              (std::vector<std::string>{"SO8", "TO220", "SOT223"}));
+
+    // Nothing found: no document is begun, so no file is written.
+    const auto none = dir.Path() / "none.pdf";
+    PdfTarget empty(none, PaperSize::A4, DocumentFiles::Single);
+    EXPECT_EQ(command.Print(empty, {"NOSUCH", "NEITHER"}).printed, 0);
+    EXPECT_TRUE(empty.WrittenFiles().empty());
+    EXPECT_FALSE(std::filesystem::exists(none));
+}
+
+TEST(PrintJobPages, SeperatePagesMakesEveryDecalADocumentOfItsOwn) {
+    test::TempDir dir;
+    Command command(SampleLibrary());
+    command.context.PlotSettings.SeperatePages = true;
+    const auto pdf = dir.Path() / "each.pdf";
+    PdfTarget target(pdf, PaperSize::A4, DocumentFiles::Numbered);
+    EXPECT_EQ(command.Print(target, {"DIP8", "R0603", "SOT223"}).printed, 3);
+    ASSERT_EQ(target.WrittenFiles().size(), 3u);
+    EXPECT_FALSE(std::filesystem::exists(pdf));
+    const std::vector<std::string> names = {"DIP8", "R0603", "SOT223"};
+    for (int n = 1; n <= 3; ++n) {
+        const auto file = dir.Path() / ("each-" + std::to_string(n) + ".pdf");
+        EXPECT_EQ(target.WrittenFiles()[n - 1], file);
+        const auto info = test::ReadPdfInfo(file);
+        ASSERT_TRUE(info) << file;
+        EXPECT_EQ(info->pages, 1) << file;
+        EXPECT_NE(test::PdfPageText(file, 1).find(names[n - 1]), std::string::npos) << file;
+    }
+    EXPECT_EQ(target.JobPages(), 3);
+}
+
+TEST(PrintJobPages, AnAbortStopsTheRunBeforeTheNextName) {
+    test::TempDir dir;
+    Command command(SampleLibrary());
+    const auto pdf = dir.Path() / "aborted.pdf";
+    PdfTarget target(pdf, PaperSize::A4, DocumentFiles::Single);
+    RecordedProgress progress;
+    progress.target = &target;
+    progress.abortAt = 2;
+    const PrintSummary summary = command.Print(target, kSampleDecals, &progress);
+    EXPECT_TRUE(summary.aborted);
+    EXPECT_EQ(summary.printed, 2);
+    EXPECT_EQ(std::count_if(progress.events.begin(), progress.events.end(),
+                            [](const std::string& e) { return e.starts_with("looking"); }),
+              2);
+    EXPECT_FALSE(std::filesystem::exists(pdf));  // the document was dropped whole
+
+    // Documents ended before the abort stay.
+    command.context.PlotSettings.SeperatePages = true;
+    const auto each = dir.Path() / "each.trace";
+    TraceTarget separate(each, PaperSize::A4, DocumentFiles::Numbered);
+    RecordedProgress second;
+    second.target = &separate;
+    second.abortAt = 2;
+    EXPECT_EQ(command.Print(separate, kSampleDecals, &second).printed, 2);
+    EXPECT_EQ(separate.WrittenFiles().size(), 2u);
+    EXPECT_FALSE(std::filesystem::exists(dir.Path() / "each-3.trace"));
+}
+
+// A PCB file of `count` decals D1, D2, ... of growing size, with remarks, parts and a decal
+// section that does not start the file.
+std::string PcbFile(int count) {
+    std::ostringstream pcb;
+    pcb << "!PADS-POWERPCB-V4.0-MILS! DESIGN DATABASE ASCII FILE 1.0\n"
+           "*PCB*        GENERAL PARAMETERS OF THE PCB DESIGN\nUNITS        1\n\n"
+           "*PARTDECAL*  ITEMS\n*REMARK* NAME UNITS ORIX ORIY PIECES TERMINALS STACKS TEXT\n\n";
+    for (int i = 1; i <= count; ++i) {
+        const int a = 20 * i;
+        pcb << "D" << i << " I 0 0 1 2 1 0 0\nCLOSED 5 10 26\n"
+            << -a << " -40\n"
+            << a << " -40\n"
+            << a << " 40\n"
+            << -a << " 40\n"
+            << -a << " -40\n"
+            << "T" << -a << " 0 " << -a << " 0\nT" << a << " 0 " << a << " 0\n"
+            << "PAD 0 1 P 20 0 0 0\n-2 40 R\n\n";
+    }
+    pcb << "*PARTTYPE*   ITEMS\n*PART*       ITEMS\nU1 D3\n*END*     OF ASCII OUTPUT FILE\n";
+    return pcb.str();
+}
+
+// The same run with every name searched from the decals' start, as the job has always searched
+// PCB files.
+void PrintSearchingFromTheStart(Command& command, OutputTarget& target,
+                                const std::vector<std::string>& names) {
+    PrintJob job(command.context, target, command.messages);
+    job.PlotDate = "22.11.2026";
+    DecalReader reader(command.context.PlotSettings.Inputfile);
+    job.StartPrint(names.size(), true);
+    DecalRecord record;
+    for (const std::string& name : names) {
+        reader.RestartAtDecals();
+        if (reader.FindDecal(name)) {
+            reader.ReadRecord(record);
+            job.PlotDecal(record);
+        }
+    }
+    job.EndPrint();
+}
+
+TEST(PrintJobPcb, OnePassFindsWhatASearchFromTheStartFindsForEveryName) {
+    test::TempDir dir;
+    const auto pcb = dir.WriteFile("board.asc", PcbFile(30));
+    std::vector<std::string> names;
+    for (int i = 30; i >= 1; i -= 3) {
+        names.push_back("D" + std::to_string(i));
+    }
+    names.push_back("D30");  // twice
+    names.push_back("U1");   // a part, not a decal, after the decals
+    names.push_back("NONE");
+    for (PlotKind kind : {PlotKind::Decal, PlotKind::Index}) {
+        Command command(pcb, kind);
+        const auto once = dir.Path() / "once.trace";
+        const auto restarted = dir.Path() / "restarted.trace";
+        {
+            TraceTarget target(once, PaperSize::A4, DocumentFiles::Single);
+            const PrintSummary summary = command.Print(target, names);
+            EXPECT_EQ(summary.printed, 12);
+            EXPECT_EQ(summary.notFound, std::vector<std::string>{"NONE"});
+        }
+        {
+            TraceTarget target(restarted, PaperSize::A4, DocumentFiles::Single);
+            PrintSearchingFromTheStart(command, target, names);
+        }
+        const std::string traced = FileText(once);
+        EXPECT_GT(traced.size(), 1000u);
+        EXPECT_EQ(traced, FileText(restarted)) << "kind " << static_cast<int>(kind);
+        if (kind == PlotKind::Decal) {
+            // "U1 D3" of the parts is read as a decal too: a search tests every line.
+            EXPECT_EQ(TracePages(once).size(), 12u);
+            EXPECT_TRUE(HasText(TracePages(once).front(), "D30"));
+            EXPECT_TRUE(HasText(TracePages(once).front(), "PCB:"));
+        }
+    }
+}
+
+TEST(PrintJobPcb, TheV3FixtureIsPrintedAsSearchedFromTheStart) {
+    test::TempDir dir;
+    const auto pcb = test::DataDir() / "library" / "v3_pcb.asc";
+    const std::vector<std::string> names = {"CAP200", "RES400", "CAP200", "RES"};
+    Command command(pcb);
+    const auto once = dir.Path() / "once.trace";
+    const auto restarted = dir.Path() / "restarted.trace";
+    {
+        TraceTarget target(once, PaperSize::A4, DocumentFiles::Single);
+        command.Print(target, names);
+    }
+    {
+        TraceTarget target(restarted, PaperSize::A4, DocumentFiles::Single);
+        PrintSearchingFromTheStart(command, target, names);
+    }
+    EXPECT_EQ(FileText(once), FileText(restarted));
+    EXPECT_EQ(TracePages(once).size(), 4u);
+}
+
+TEST(PrintJobIndex, DecalsFillTheCellsOfAsManyPagesAsTheyNeed) {
+    test::TempDir dir;
+    const auto pcb = dir.WriteFile("board.asc", PcbFile(25));
+    Command command(pcb, PlotKind::Index);
+    command.context.PlotSettings.Columns = 4;
+    command.context.PlotSettings.PartsEachColumn = 6;
+    std::vector<std::string> names;
+    for (int i = 1; i <= 25; ++i) {
+        names.push_back("D" + std::to_string(i));
+    }
+    for (std::size_t count : {25u, 24u}) {
+        const auto pdf = dir.Path() / ("index" + std::to_string(count) + ".pdf");
+        PdfTarget target(pdf, PaperSize::A4, DocumentFiles::Single);
+        RecordedProgress progress;
+        command.Print(target, std::vector<std::string>(names.begin(), names.begin() + count),
+                      &progress);
+        const auto info = test::ReadPdfInfo(pdf);
+        ASSERT_TRUE(info);
+        EXPECT_EQ(info->pages, count == 25 ? 2 : 1);
+        EXPECT_EQ(progress.events.back(), "finished Printing completed.");
+        const std::string last = test::PdfPageText(pdf, info->pages);
+        EXPECT_NE(last.find(count == 25 ? "2 OF 2" : "1 OF 1"), std::string::npos) << last;
+    }
+    // Names not found at the end leave no page without decals.
+    names.push_back("NOSUCH");
+    const auto pdf = dir.Path() / "index-missing.pdf";
+    PdfTarget target(pdf, PaperSize::A4, DocumentFiles::Single);
+    names.erase(names.begin() + 24);  // D25: 24 decals found, 25 selected
+    EXPECT_EQ(command.Print(target, names).printed, 24);
+    EXPECT_EQ(test::ReadPdfInfo(pdf).value_or(test::PdfInfo{}).pages, 1);
+}
+
+// Set ZANTOR_RENDER_OUT to a folder to keep the pictures and look at them.
+void Keep(const QImage& image, const std::string& name) {
+    if (const char* out = std::getenv("ZANTOR_RENDER_OUT")) {
+        std::filesystem::create_directories(out);
+        image.save(QString::fromStdString((std::filesystem::path(out) / name).string()));
+    }
+}
+
+int InkCount(const QImage& image, const QRect& area) {
+    int count = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            count += image.valid(x, y) && image.pixel(x, y) != qRgb(255, 255, 255) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+QRect InkBounds(const QImage& image, const QRect& area) {
+    QRect bounds;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (image.pixel(x, y) != qRgb(255, 255, 255)) {
+                bounds |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return bounds;
+}
+
+TEST(ScreenPictures, TheViewBoxShowsTheOneSelectedDecalFittedAndCentred) {
+    Command command(SampleLibrary());
+    const ScreenBox box{217, 301, 96, 96};
+    EXPECT_EQ(ViewBoxGeometry(box).usableWidth, 197);
+    EXPECT_EQ(ViewBoxGeometry(box).usableHeight, 281);
+    QImage image(box.width, box.height, QImage::Format_RGB32);
+    const QRect inside(2, 2, box.width - 4, box.height - 4);
+    for (const auto& selection :
+         {std::vector<std::string>{"DIP8"}, std::vector<std::string>{"DIP8", "SO8"}}) {
+        image.fill(Qt::gray);
+        {
+            QPainter painter(&image);
+            PaintViewBox(painter, box, command.context, selection, command.messages);
+        }
+        EXPECT_EQ(command.context.OutputTarget, PlotSurface::ViewBox);
+        EXPECT_EQ(image.pixel(0, 0), qRgb(0, 0, 0));
+        EXPECT_EQ(image.pixel(1, 1), qRgb(255, 255, 255));
+        if (selection.size() > 1) {
+            EXPECT_EQ(InkCount(image, inside), 0);
+            continue;
+        }
+        Keep(image, "view-box.png");
+        EXPECT_GT(InkCount(image, inside), 1000);
+        // DIP8's terminals stand 300 mils apart: 7.62 mm at MaxScale 10 is 76 box units; the
+        // pads add 60 mils (15 units) to the ink.
+        const QRect ink = InkBounds(image, inside);
+        EXPECT_NEAR(ink.width(), 76 + 15, 4);
+        EXPECT_NEAR(ink.center().x(), 10 + 197 / 2.0, 3);
+    }
+    EXPECT_TRUE(command.messages.Entries().empty());
+}
+
+TEST(ScreenPictures, ThePreviewShowsTheFirstDecalPageLaidOutLikePaper) {
+    Command command(SampleLibrary());
+    // 100 "millimetres" per inch: the 354 x 500 box is a page of 368.75 x 520.83 mm.
+    const ScreenBox box{354, 500, 96, 96};
+    const PageGeometry page = PreviewPageGeometry(box, MarginsOf(command.context.PlotSettings));
+    EXPECT_DOUBLE_EQ(page.pageWidth, 368.75);
+    EXPECT_DOUBLE_EQ(page.left, 12);
+    EXPECT_DOUBLE_EQ(page.bottom, 9);
+    EXPECT_DOUBLE_EQ(page.usableWidth, 368.75 - 18);
+    QImage image(box.width, box.height, QImage::Format_RGB32);
+    image.fill(Qt::gray);
+    {
+        QPainter painter(&image);
+        PaintPreview(painter, box, command.context, kSampleDecals, command.messages);
+    }
+    Keep(image, "preview.png");
+    EXPECT_EQ(command.context.OutputTarget, PlotSurface::PreviewWindow);
+    // The frame: its left side 12 mm (11.5 pixels) in, its bottom 9 mm (8.6 pixels) up.
+    const auto inked = [&](int x, int y) { return image.pixel(x, y) != qRgb(255, 255, 255); };
+    EXPECT_TRUE(inked(11, 250) || inked(12, 250));
+    EXPECT_TRUE(inked(177, 491) || inked(177, 492));
+    EXPECT_EQ(InkCount(image, QRect(2, 2, 8, 496)), 0);  // the margin stays white
+    // One page only: the first decal's name in the title block, then the drawing.
+    EXPECT_GT(InkCount(image, QRect(20, 20, 320, 300)), 500);
+    EXPECT_TRUE(command.messages.Entries().empty());
+}
+
+}  // namespace
+}  // namespace zantor
