@@ -7,6 +7,7 @@
 #include "common/errors.h"
 #include "library/file_summary.h"
 #include "list_command.h"
+#include "print_command.h"
 
 namespace zantor {
 namespace {
@@ -59,6 +60,7 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 const Command kCommands[] = {
     {"info", kInfoHelp, RunInfo},
     {"list", kListCommandHelp, RunListCommand},
+    {"print", kPrintCommandHelp, RunPrintCommand},
 };
 
 bool IsHelp(const std::string& arg) {

@@ -1,0 +1,9 @@
+#pragma once
+
+// Whether the program's standard error stream is a terminal, where a command shows its progress.
+
+namespace zantor {
+
+bool StandardErrorIsTerminal();
+
+}  // namespace zantor
