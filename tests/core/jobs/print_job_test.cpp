@@ -257,6 +257,27 @@ TEST(PrintJobPages, AnAbortStopsTheRunBeforeTheNextName) {
     EXPECT_FALSE(std::filesystem::exists(dir.Path() / "each-3.trace"));
 }
 
+TEST(PrintJobPages, AnUnknownPieceKindIsReportedOncePerJob) {
+    test::TempDir dir;
+    std::string library = "*PADS-LIBRARY-PCB-DECALS-V9*\n";
+    for (const char* name : {"ONE", "TWO"}) {
+        library += std::string(name) +
+                   " M 0 0 0 0 2 0 0 0 0\nWIDGET 2 0.1 1 -1\n0 0\n1 1\nOPEN 2 0.1 1 -1\n0 0\n"
+                   "10 0\n\n";
+    }
+    Command command(dir.WriteFile("widgets.d", library));
+    command.context.PlotSettings.View1_1 = true;  // the 1:1 view draws the pieces once more
+    const auto trace = dir.Path() / "widgets.trace";
+    TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+    EXPECT_EQ(command.Print(target, {"ONE", "TWO"}).printed, 2);
+    EXPECT_EQ(TracePages(trace).size(), 2u);
+    EXPECT_EQ(command.messages.Texts(), std::vector<std::string>{"Unknown drawing item: WIDGET"});
+    // The next job reports it again.
+    TraceTarget again(dir.Path() / "again.trace", PaperSize::A4, DocumentFiles::Single);
+    command.Print(again, {"TWO"});
+    EXPECT_EQ(command.messages.Entries().size(), 2u);
+}
+
 // A PCB file of `count` decals D1, D2, ... of growing size, with remarks, parts and a decal
 // section that does not start the file.
 std::string PcbFile(int count) {
