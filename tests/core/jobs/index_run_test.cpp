@@ -110,15 +110,11 @@ TEST(IndexPlacement, DecalsStandInTheRightHandPartOfTheirCells) {
     EXPECT_DOUBLE_EQ(mils.originX, 90 - 53.46 / 2 - 5 * 0.0254 * 10 - 3);
 }
 
-TEST(IndexPageArea, EvenPagesTakeTheRightMarginWhenMirrored) {
+TEST(IndexPageArea, EvenPagesTakeTheRightMarginBeyondItsUnprintableOffset) {
     PlotSettings settings;
-    settings.LeftMargin = 12;
     settings.RightMargin = 6;
-    const PaperArea paper{200, 287, 5, 5, 4, 5};
-    const IndexPageArea area = IndexPageAreaOf(paper, settings);
-    EXPECT_DOUBLE_EQ(area.page.left, 7);
-    EXPECT_DOUBLE_EQ(area.mirroredLeft, 2);
-    EXPECT_DOUBLE_EQ(area.page.usableWidth, 200 - 7 - 2);
+    EXPECT_DOUBLE_EQ(IndexPageAreaOf({200, 287, 5, 5, 4, 5}, settings).mirroredLeft, 2);
+    EXPECT_DOUBLE_EQ(IndexPageAreaOf({200, 287, 5, 5, 9, 5}, settings).mirroredLeft, 0);
 }
 
 // A run of `settings` on a 180 x 270 mm area (left edge 12, even pages 6, bottom 9, 297 mm page)

@@ -16,8 +16,6 @@
 #include "core/jobs/jobs_test_support.h"
 #include "jobs/file_output.h"
 #include "jobs/pdf_target.h"
-#include "jobs/png_target.h"
-#include "jobs/svg_target.h"
 #include "jobs/trace_target.h"
 #include "support/test_support.h"
 
@@ -90,20 +88,11 @@ void ExpectRuleOfPage(const QImage& image, int n, double dotsPerMm) {
     EXPECT_FALSE(Inked(image, column, row + static_cast<int>(3 * dotsPerMm))) << "page " << n;
 }
 
-TEST(PaperSizes, NamesInAnyCaseAndPortraitMillimetres) {
+TEST(OutputTargets, PaperAndFileKindByName) {
     EXPECT_EQ(ParsePaperSize("a4"), PaperSize::A4);
     EXPECT_EQ(ParsePaperSize("LETTER"), PaperSize::Letter);
-    EXPECT_EQ(ParsePaperSize("Legal"), PaperSize::Legal);
-    EXPECT_EQ(ParsePaperSize("A3"), PaperSize::A3);
     EXPECT_FALSE(ParsePaperSize("A5"));
     EXPECT_FALSE(ParsePaperSize(""));
-    EXPECT_EQ(PaperSizeName(PaperSize::Letter), "Letter");
-    EXPECT_DOUBLE_EQ(PaperSizeMillimetres(PaperSize::A3).width, 297.0);
-    EXPECT_DOUBLE_EQ(PaperSizeMillimetres(PaperSize::A3).height, 420.0);
-    EXPECT_DOUBLE_EQ(PaperSizeMillimetres(PaperSize::Legal).height, 355.6);
-}
-
-TEST(OutputTargets, FileKindFollowsTheExtension) {
     EXPECT_EQ(FileOutputKind("out.PDF"), OutputKind::Pdf);
     EXPECT_EQ(FileOutputKind("a/b.svg"), OutputKind::Svg);
     EXPECT_EQ(FileOutputKind("x.Png"), OutputKind::Png);
@@ -119,23 +108,6 @@ TEST(OutputTargets, FileKindFollowsTheExtension) {
     App();
     EXPECT_THROW(MakeOutputTarget(OutputRequest{"NoSuchZantorQueue", {}, PaperSize::A4, false}),
                  IoError);
-}
-
-TEST(OutputTargets, FilePagesAreTheWholeSheetAtTheTargetsResolution) {
-    const PageMetrics pdf = PdfTarget("x.pdf", PaperSize::A4, DocumentFiles::Single).Page();
-    EXPECT_DOUBLE_EQ(pdf.widthMm, 210.0);
-    EXPECT_DOUBLE_EQ(pdf.heightMm, 297.0);
-    EXPECT_EQ(pdf.physicalWidth, 9921);
-    EXPECT_EQ(pdf.physicalHeight, 14031);
-    EXPECT_EQ(pdf.physicalOffsetX, 0);
-    EXPECT_EQ(pdf.physicalOffsetY, 0);
-    EXPECT_EQ(pdf.pixelsPerInchX, 1200);
-    const PageMetrics png = PngTarget("x.png", PaperSize::A4).Page();
-    EXPECT_EQ(png.physicalWidth, 2480);
-    EXPECT_EQ(png.physicalHeight, 3508);
-    const PageMetrics svg = SvgTarget("x.svg", PaperSize::Letter).Page();
-    EXPECT_EQ(svg.physicalWidth, 2159);
-    EXPECT_EQ(svg.physicalHeight, 2794);
 }
 
 TEST(OutputTargets, PaperAreaFromThePrintersMetrics) {
@@ -222,6 +194,10 @@ TEST(OutputTargets, PdfIsOneFileOfAllPagesOnTheChosenPaper) {
     EXPECT_EQ(info->title, "Zantor");
     EXPECT_NE(test::PdfPageText(dir.Path() / "index.pdf", 2).find("PAGE 2"), std::string::npos);
     EXPECT_EQ(test::PdfPageText(dir.Path() / "index.pdf", 2).find("PAGE 3"), std::string::npos);
+    // The file holds one document.
+    EXPECT_THROW(target->BeginDocument(), IoError);
+    EXPECT_FALSE(target->Printing());
+    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"index.pdf"});
 }
 
 TEST(OutputTargets, SeparatePdfDocumentsAreNumberedFiles) {
@@ -241,16 +217,6 @@ TEST(OutputTargets, SeparatePdfDocumentsAreNumberedFiles) {
         EXPECT_NEAR(info->heightPoints, 841.89, 0.5);
         EXPECT_NE(test::PdfPageText(file, 1).find("PAGE " + std::to_string(n)), std::string::npos);
     }
-}
-
-TEST(OutputTargets, OneFileTakesOneDocument) {
-    App();
-    TempDir dir;
-    PdfTarget target(dir.Path() / "one.pdf", PaperSize::A4, DocumentFiles::Single);
-    PrintDocuments(target, {1});
-    EXPECT_THROW(target.BeginDocument(), IoError);
-    EXPECT_FALSE(target.Printing());
-    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"one.pdf"});
 }
 
 TEST(OutputTargets, PngPagesAreNumberedWhiteSheetsInThePrinterMapping) {
@@ -292,37 +258,28 @@ TEST(OutputTargets, SvgPagesAreNumberedDrawingsOfThePaper) {
     }
 }
 
-TEST(OutputTargets, AnAbortedDocumentLeavesTheOldFileAndNoOther) {
+TEST(OutputTargets, AbortedOrFailedDocumentsLeaveTheOldFilesAndNoOther) {
     App();
     TempDir dir;
     const auto old = dir.WriteFile("report.pdf", "old report");
-    {
-        auto target = MakeOutputTarget(ToFile(old));
-        target->BeginDocument();
-        DrawPage(target->Canvas(), 1);
-        target->NewPage();
-        target->Abort();
-        EXPECT_TRUE(target->WrittenFiles().empty());
-    }
-    EXPECT_EQ(ReadText(old), "old report");
-    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"report.pdf"});
-}
-
-TEST(OutputTargets, AJobThatFailsMidwayLeavesTheOldFilesAndNoOther) {
-    App();
-    TempDir dir;
     dir.WriteFile("scan-1.svg", "old first page");
+    auto pdf = MakeOutputTarget(ToFile(old));
+    pdf->BeginDocument();
+    DrawPage(pdf->Canvas(), 1);
+    pdf->NewPage();
+    pdf->Abort();
+    EXPECT_TRUE(pdf->WrittenFiles().empty());
     try {
-        auto target = MakeOutputTarget(ToFile(dir.Path() / "scan.svg"));
-        target->BeginDocument();
-        DrawPage(target->Canvas(), 1);
-        target->NewPage();
-        DrawPage(target->Canvas(), 2);
+        auto svg = MakeOutputTarget(ToFile(dir.Path() / "scan.svg"));
+        svg->BeginDocument();
+        DrawPage(svg->Canvas(), 1);
+        svg->NewPage();
         throw FormatError("the decal ends early");
     } catch (const FormatError&) {
     }
+    EXPECT_EQ(ReadText(old), "old report");
     EXPECT_EQ(ReadText(dir.Path() / "scan-1.svg"), "old first page");
-    EXPECT_EQ(FileNames(dir.Path()), std::vector<std::string>{"scan-1.svg"});
+    EXPECT_EQ(FileNames(dir.Path()), (std::vector<std::string>{"report.pdf", "scan-1.svg"}));
 }
 
 TEST(OutputTargets, WritingErrorsNameTheFile) {
