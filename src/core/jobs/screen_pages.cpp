@@ -23,6 +23,10 @@ void PaintJob(QPainter& painter, const ScreenBox& box, PlotSurface surface, Plot
 
 }  // namespace
 
+const char* PreviewCaption(PlotKind kind) {
+    return kind == PlotKind::Index ? "Indexpage" : "Decalpage";
+}
+
 void PaintViewBox(QPainter& painter, const ScreenBox& box, PlotContext& context,
                   std::span<const std::string> selection, UserMessages& messages) {
     PaintBlankBox(painter, box);

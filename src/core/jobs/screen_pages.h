@@ -15,6 +15,10 @@
 
 namespace zantor {
 
+// The preview window's caption for the job of `kind`: "Decalpage" or "Indexpage" (parttype
+// pages are previewed by their own run).
+const char* PreviewCaption(PlotKind kind);
+
 // The view box for the names selected in the dialog: white with a black outline, and when
 // exactly one name is selected, that decal of the settings' Inputfile fitted into the box. Sets
 // the context's OutputTarget to the view box. Errors of the file or the decal throw.

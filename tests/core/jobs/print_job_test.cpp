@@ -485,6 +485,8 @@ TEST(ScreenPictures, ThePreviewShowsTheFirstDecalPageLaidOutLikePaper) {
     }
     Keep(image, "preview.png");
     EXPECT_EQ(command.context.OutputTarget, PlotSurface::PreviewWindow);
+    EXPECT_STREQ(PreviewCaption(PlotKind::Decal), "Decalpage");
+    EXPECT_STREQ(PreviewCaption(PlotKind::Index), "Indexpage");
     // The frame: its left side 12 mm (11.5 pixels) in, its bottom 9 mm (8.6 pixels) up.
     const auto inked = [&](int x, int y) { return image.pixel(x, y) != qRgb(255, 255, 255); };
     EXPECT_TRUE(inked(11, 250) || inked(12, 250));
