@@ -160,6 +160,17 @@ void PrintJob::PlotInViewBox(const DecalRecord& record, const DecalExtents& exte
     const PlotSettings& settings = context_.PlotSettings;
     DecalPlacement placement = PlaceDecalInBox(page_.usableWidth, page_.usableHeight, extents,
                                                record.unitFactor, settings.MaxScale);
+    // The index job shows a decal at the scale it fills the box with, as its cells do.
+    if (context_.PlotKind == PlotKind::Index) {
+        const bool empty = extents.Empty();
+        const double w = empty ? 0.0 : (extents.xmax - extents.xmin) * record.unitFactor;
+        const double h = empty ? 0.0 : (extents.ymax - extents.ymin) * record.unitFactor;
+        const double cx = empty ? 0.0 : (extents.xmin + extents.xmax) / 2;
+        const double cy = empty ? 0.0 : (extents.ymin + extents.ymax) / 2;
+        placement.scale = IndexScale(w, h, page_.usableWidth, page_.usableHeight, settings, true);
+        placement.originX = page_.usableWidth / 2 - cx * record.unitFactor * placement.scale;
+        placement.originY = page_.usableHeight / 2 - cy * record.unitFactor * placement.scale;
+    }
     ApplyPlacement(frame_, page_, placement, record.unitFactor);
     DrawDecalAlone(frame_, record, context_.StrokeFont, pieceReports_);
 }

@@ -465,6 +465,32 @@ TEST(ScreenPictures, TheViewBoxShowsTheOneSelectedDecalFittedAndCentred) {
         EXPECT_NEAR(ink.width(), 76 + 15, 4);
         EXPECT_NEAR(ink.center().x(), 10 + 197 / 2.0, 3);
     }
+    // A box of 7.62 x 10.795 mm fits the view box's width at 25.85: the decal job draws it at
+    // 25, the index job fills the box.
+    test::TempDir dir;
+    command.context.PlotSettings.Inputfile =
+        dir.WriteFile("box.d",
+                      "*PADS-LIBRARY-PCB-DECALS-V4*\n\nBOX M 0 0 0 0 1 0 0 0\n"
+                      "CLOSED 5 0.01 26\n0 0\n7.62 0\n7.62 10.795\n0 10.795\n0 0\n\n")
+            .string();
+    command.context.PlotSettings.MaxScale = 30;
+    command.context.PlotSettings.PlotOrigins = false;  // the marker stands out of the corner
+    const auto boxInk = [&](PlotKind kind) {
+        command.context.PlotKind = kind;
+        image.fill(Qt::gray);
+        QPainter painter(&image);
+        PaintViewBox(painter, box, command.context, std::vector<std::string>{"BOX"},
+                     command.messages);
+        painter.end();
+        return InkBounds(image, inside);
+    };
+    const QRect whole = boxInk(PlotKind::Decal);
+    EXPECT_NEAR(whole.width(), 7.62 * 25, 3);
+    EXPECT_NEAR(whole.height(), 10.795 * 25, 3);
+    const QRect filled = boxInk(PlotKind::Index);
+    EXPECT_NEAR(filled.width(), 197, 3);
+    EXPECT_NEAR(filled.height(), 10.795 * 197 / 7.62, 3);
+    EXPECT_NEAR(filled.center().y(), 301 / 2.0, 2);
     EXPECT_TRUE(command.messages.Entries().empty());
 }
 
