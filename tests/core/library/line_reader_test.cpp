@@ -21,33 +21,24 @@ std::vector<std::string> ReadAll(LineReader& reader) {
     return lines;
 }
 
-TEST(LineReader, StripsCrLfAndLfAlikeAndCountsLines) {
-    std::istringstream in("first\r\nsecond\n\r\nfourth\r\n  \nlast");
+TEST(LineReader, StripsOnlyTheLineEndAndCountsLines) {
+    std::istringstream in("first\r\nsecond\n\r\nfourth\r\n  \na\r\r\n\rb");
     LineReader reader(in, "memory");
     EXPECT_EQ(reader.LineNumber(), 0);
-    std::string line;
-    ASSERT_TRUE(reader.ReadLine(line));
-    EXPECT_EQ(line, "first");
-    EXPECT_EQ(reader.LineNumber(), 1);
-    EXPECT_EQ(ReadAll(reader), (std::vector<std::string>{"second", "", "fourth", "  ", "last"}));
-    EXPECT_EQ(reader.LineNumber(), 6);
+    EXPECT_EQ(ReadAll(reader),
+              (std::vector<std::string>{"first", "second", "", "fourth", "  ", "a\r", "\rb"}));
+    EXPECT_EQ(reader.LineNumber(), 7);
     EXPECT_TRUE(reader.AtEnd());
+    std::string line = "old";
     EXPECT_FALSE(reader.ReadLine(line));
     EXPECT_EQ(line, "");
-    EXPECT_EQ(reader.LineNumber(), 6);
-}
-
-TEST(LineReader, OnlyTheLineEndIsRemoved) {
-    std::istringstream in("a\r\r\n\rb\n\n");
-    LineReader reader(in, "memory");
-    EXPECT_EQ(ReadAll(reader), (std::vector<std::string>{"a\r", "\rb", ""}));
+    EXPECT_EQ(reader.LineNumber(), 7);
 }
 
 TEST(LineReader, AtEndBeforeTheLastReadAndRewind) {
     test::TempDir dir;
     LineReader reader(dir.WriteFile("two.txt", "one\ntwo\n"));
     std::string line;
-    EXPECT_FALSE(reader.AtEnd());
     reader.ReadLine(line);
     EXPECT_FALSE(reader.AtEnd());
     reader.ReadLine(line);
@@ -55,20 +46,35 @@ TEST(LineReader, AtEndBeforeTheLastReadAndRewind) {
     reader.Rewind();
     EXPECT_EQ(reader.LineNumber(), 0);
     EXPECT_EQ(ReadAll(reader), (std::vector<std::string>{"one", "two"}));
+    LineReader empty(dir.WriteFile("empty.d", ""));
+    EXPECT_TRUE(empty.AtEnd());
 }
 
-TEST(LineReader, AnEmptyFileHasNoLine) {
-    test::TempDir dir;
-    LineReader reader(dir.WriteFile("empty.d", ""));
-    EXPECT_TRUE(reader.AtEnd());
-    std::string line = "old";
-    EXPECT_FALSE(reader.ReadLine(line));
-    EXPECT_EQ(line, "");
+TEST(LineReader, EveryLineIsReadAgainFromItsStart) {
+    std::istringstream in("first\r\nsecond line\n\nfourth\r\nlast without end");
+    LineReader reader(in, "text");
+    std::vector<std::streamoff> starts;
+    std::vector<std::string> lines;
+    std::string line;
+    while (reader.ReadLine(line)) {
+        starts.push_back(reader.LineStart());
+        lines.push_back(line);
+    }
+    EXPECT_EQ(starts, (std::vector<std::streamoff>{0, 7, 19, 20, 28}));
+    for (std::size_t i = lines.size(); i-- > 0;) {
+        reader.SeekLine(starts[i], static_cast<long>(i) + 1);
+        ASSERT_TRUE(reader.ReadLine(line));
+        EXPECT_EQ(line, lines[i]);
+        EXPECT_EQ(reader.LineNumber(), static_cast<long>(i) + 1);
+    }
+    reader.Rewind();
+    reader.ReadLine(line);
+    ASSERT_TRUE(reader.ReadLine(line));
+    EXPECT_EQ(reader.LineStart(), 7);
 }
 
 TEST(LineReader, OverlongLinesAreCutNotHeld) {
-    std::string longLine(LineReader::kMaxLineLength + 10, 'x');
-    std::istringstream in(longLine + "\nnext\n");
+    std::istringstream in(std::string(LineReader::kMaxLineLength + 10, 'x') + "\nnext\n");
     LineReader reader(in, "memory");
     std::string line;
     ASSERT_TRUE(reader.ReadLine(line));

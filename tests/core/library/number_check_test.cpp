@@ -10,75 +10,57 @@
 namespace zantor {
 namespace {
 
-// The check with the bounds of a layer cell: 3 characters, no decimals, 0 to 250.
-struct Outcome {
-    bool accepted;
-    std::vector<std::string> messages;
-};
-
-Outcome Check(const std::string& text, int maxLength, int decimals, double maximum,
-              double minimum) {
-    RecordingMessages messages;
-    bool accepted = CheckNumber(text, maxLength, decimals, maximum, minimum, messages);
-    for (const auto& entry : messages.Entries()) {
-        EXPECT_EQ(entry.kind, RecordingMessages::Kind::Info);
+TEST(CheckNumber, TheFirstFailingCheckSpeaks) {
+    struct Case {
+        const char* text;
+        int maxLength, decimals;
+        double maximum, minimum;
+        const char* message;  // empty: accepted
+    };
+    const Case cases[] = {
+        // A layer cell: 3 characters, no decimals, 0 to 250.
+        {"250", 3, 0, 250, 0, ""},
+        {"", 3, 0, 250, 0, ""},
+        {"12.", 3, 0, 250, 0, ""},  // a trailing point has no decimals after it
+        {"251", 3, 0, 250, 0, "Number too large."},
+        {"1000", 3, 0, 250, 0, "Too many digits in number."},
+        {"1.5", 3, 0, 250, 0, "Too many decimals in number."},
+        {"-1", 3, 0, 250, 0, "Negative number not allowed."},
+        {"Any", 3, 0, 250, 0, "Illegal character in number."},
+        // Too long wins over an illegal character, an illegal character over decimals and sign.
+        {"1a2b", 3, 0, 250, 0, "Too many digits in number."},
+        {"1.5x", 5, 0, 250, 0, "Illegal character in number."},
+        {"-1.55", 6, 1, 250, 0, "Too many decimals in number."},
+        {"-300", 6, 0, 250, 0, "Negative number not allowed."},
+        {"1,5", 5, 2, 250, 0, "Illegal character in number."},
+        {"+5", 5, 2, 250, 0, "Illegal character in number."},
+        {"1e3", 5, 2, 5000, 0, "Illegal character in number."},
+        {" 5", 5, 2, 250, 0, "Illegal character in number."},
+        // Signs where the minimum is negative.
+        {"5-3", 5, 0, 100, -100, "Sign misplaced."},
+        {"--3", 5, 0, 100, -100, "Sign misplaced."},
+        {"-100", 5, 0, 100, -100, ""},
+        {"-101", 5, 0, 100, -100, "Number too small."},
+        // Bounds are included; decimals count before the range.
+        {"2.54", 6, 2, 2.54, 0.5, ""},
+        {".5", 6, 2, 2.54, 0.5, ""},
+        {"2.541", 6, 3, 2.54, 0.5, "Number too large."},
+        {"0.49", 6, 2, 2.54, 0.5, "Number too small."},
+        {"0.499", 6, 2, 2.54, 0.5, "Too many decimals in number."},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        RecordingMessages messages;
+        const bool accepted =
+            CheckNumber(c.text, c.maxLength, c.decimals, c.maximum, c.minimum, messages);
+        const std::string message = c.message;
+        EXPECT_EQ(accepted, message.empty());
+        EXPECT_EQ(messages.Texts(),
+                  message.empty() ? std::vector<std::string>{} : std::vector{message});
+        for (const auto& entry : messages.Entries()) {
+            EXPECT_EQ(entry.kind, RecordingMessages::Kind::Info);
+        }
     }
-    return {accepted, messages.Texts()};
-}
-
-Outcome LayerCell(const std::string& text) {
-    return Check(text, 3, 0, 250, 0);
-}
-
-void ExpectRejected(const Outcome& outcome, const std::string& message) {
-    EXPECT_FALSE(outcome.accepted);
-    EXPECT_EQ(outcome.messages, std::vector<std::string>{message});
-}
-
-void ExpectAccepted(const Outcome& outcome) {
-    EXPECT_TRUE(outcome.accepted);
-    EXPECT_TRUE(outcome.messages.empty());
-}
-
-TEST(CheckNumber, LayerCellBounds) {
-    ExpectAccepted(LayerCell("250"));
-    ExpectAccepted(LayerCell("0"));
-    ExpectAccepted(LayerCell(""));
-    ExpectRejected(LayerCell("251"), "Number too large.");
-    ExpectRejected(LayerCell("1000"), "Too many digits in number.");
-    ExpectRejected(LayerCell("1.5"), "Too many decimals in number.");
-    ExpectRejected(LayerCell("-1"), "Negative number not allowed.");
-    ExpectRejected(LayerCell("Any"), "Illegal character in number.");
-    // A trailing point has no decimals after it.
-    ExpectAccepted(LayerCell("12."));
-}
-
-TEST(CheckNumber, ChecksRunInOrderAndTheFirstFailureSpeaks) {
-    // Too long wins over an illegal character, an illegal character over decimals and sign.
-    ExpectRejected(Check("1a2b", 3, 0, 250, 0), "Too many digits in number.");
-    ExpectRejected(Check("1.5x", 5, 0, 250, 0), "Illegal character in number.");
-    ExpectRejected(Check("-1.55", 6, 1, 250, 0), "Too many decimals in number.");
-    ExpectRejected(Check("-300", 6, 0, 250, 0), "Negative number not allowed.");
-    ExpectRejected(Check("1,5", 5, 2, 250, 0), "Illegal character in number.");
-    ExpectRejected(Check("+5", 5, 2, 250, 0), "Illegal character in number.");
-    ExpectRejected(Check("1e3", 5, 2, 5000, 0), "Illegal character in number.");
-    ExpectRejected(Check(" 5", 5, 2, 250, 0), "Illegal character in number.");
-}
-
-TEST(CheckNumber, SignWithANegativeMinimum) {
-    ExpectRejected(Check("5-3", 5, 0, 100, -100), "Sign misplaced.");
-    ExpectRejected(Check("--3", 5, 0, 100, -100), "Sign misplaced.");
-    ExpectAccepted(Check("-3", 5, 0, 100, -100));
-    ExpectRejected(Check("-101", 5, 0, 100, -100), "Number too small.");
-    ExpectAccepted(Check("-100", 5, 0, 100, -100));
-}
-
-TEST(CheckNumber, RangeBoundsAreIncludedAndDecimalsCount) {
-    ExpectAccepted(Check("2.54", 6, 2, 2.54, 0.5));
-    ExpectRejected(Check("2.541", 6, 3, 2.54, 0.5), "Number too large.");
-    ExpectRejected(Check("0.49", 6, 2, 2.54, 0.5), "Number too small.");
-    ExpectRejected(Check("0.499", 6, 2, 2.54, 0.5), "Too many decimals in number.");
-    ExpectAccepted(Check(".5", 6, 2, 2.54, 0.5));
 }
 
 TEST(CheckNumber, TextsThatAreNoNumberFailTheConversion) {

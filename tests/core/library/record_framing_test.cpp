@@ -37,92 +37,17 @@ Texts Frame(const FileDialect& dialect, const DecalCounts& counts, const Texts& 
     return taken;
 }
 
-TEST(ReadDecalHeader, CountsInTheOrderOfTheDialect) {
-    const DecalHeaderFields library =
-        ReadDecalHeader("SO8 I -500 50 1 2 3 4 8 2 0", V9Library(), {"lib.d", 7});
-    EXPECT_EQ(library.name, "SO8");
-    EXPECT_EQ(library.unitLetter, "I");
-    EXPECT_EQ(library.counts.attributes, 1);
-    EXPECT_EQ(library.counts.labels, 2);
-    EXPECT_EQ(library.counts.pieces, 3);
-    EXPECT_EQ(library.counts.texts, 4);
-    EXPECT_EQ(library.counts.terminals, 8);
-    EXPECT_EQ(library.counts.stacks, 2);
-
-    const DecalHeaderFields pcb = ReadDecalHeader("SO8 M 0 0 3 8 2 4 2", V95Pcb(), {});
-    EXPECT_EQ(pcb.counts.pieces, 3);
-    EXPECT_EQ(pcb.counts.terminals, 8);
-    EXPECT_EQ(pcb.counts.stacks, 2);
-    EXPECT_EQ(pcb.counts.texts, 4);
-    EXPECT_EQ(pcb.counts.labels, 2);
-
-    try {
-        ReadDecalHeader("SO8 M 0 0 3 eight 2 4 2", V95Pcb(), {"board.asc", 12});
-        FAIL() << "no error";
-    } catch (const ConversionError& error) {
-        EXPECT_EQ(error.file(), "board.asc");
-        EXPECT_EQ(error.line(), 12);
-        EXPECT_EQ(error.message(), "the terminal count of decal SO8 is not a number: \"eight\"");
-    }
-    EXPECT_THROW(ReadDecalHeader("SO8 M 0 0 3 8 2 4 70000", V95Pcb(), {}), RangeError);
-}
-
-TEST(BodyLayout, TakesTheLinesTheCountsAnnounce) {
-    DecalCounts counts;
-    counts.pieces = 1;
-    counts.texts = 1;
-    counts.labels = 1;
-    counts.terminals = 1;
-    counts.stacks = 1;
-    // V9.5 PCB: piece, text of 3 lines, label of 3 lines, terminal, stack; then a new header.
-    const Texts lines = {"OPEN 2 0.1 -1 26",
-                         "0 0",
-                         "1 0",
-                         "0 0 0 26 1 0.1 N LEFT DOWN",
-                         "Regular <Romansim Stroke Font>",
-                         "U?",
-                         "VALUE 0 0 0 1 1 0.1 N LEFT UP",
-                         "Regular <Romansim Stroke Font>",
-                         "Part Type",
-                         "T0 0 0 0 1",
-                         "PAD 0 1",
-                         "-2 1 R",
-                         "NEXT M 0 0 0 0 0 0 0"};
-    BodyLayout body(V95Pcb(), counts, "X", "board.asc");
-    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
-        EXPECT_TRUE(body.WantsMore()) << i;
-        EXPECT_FALSE(EndsRecord(lines[i], V95Pcb(), body)) << i;
-        body.Take(lines[i], 0);
-    }
-    EXPECT_FALSE(body.WantsMore());
-    EXPECT_TRUE(EndsRecord(lines.back(), V95Pcb(), body));
-    const BodySections sections = body.Sections();
-    EXPECT_EQ(sections.firstPiece, 0u);
-    EXPECT_EQ(sections.firstText, 3u);
-    EXPECT_EQ(sections.firstTerminal, 9u);
-    EXPECT_EQ(sections.firstStack, 10u);
-    EXPECT_EQ(sections.endOfStacks, 12u);
-}
-
-TEST(BodyLayout, ALeadingTimestampLineShiftsEverySection) {
+TEST(BodyLayout, ALeadingTimestampLineOnlyAfterVersionFour) {
     DecalCounts counts;
     counts.terminals = 2;
-    for (const bool timestamp : {false, true}) {
-        SCOPED_TRACE(timestamp);
-        BodyLayout body(V9Library(), counts, "X", "");
-        if (timestamp) {
-            body.Take("TIMESTAMP 2024.01.01.00.00.00", 0);
-        }
-        body.Take("T0 0 0 0 1", 0);
-        EXPECT_TRUE(body.WantsMore());
-        body.Take("T1 0 1 0 2", 0);
-        EXPECT_FALSE(body.WantsMore());
-        const std::size_t lead = timestamp ? 1 : 0;
-        EXPECT_EQ(body.Sections().firstPiece, lead);
-        EXPECT_EQ(body.Sections().firstTerminal, lead);
-        EXPECT_EQ(body.Sections().firstStack, lead + 2);
-        EXPECT_EQ(body.Taken(), lead + 2);
-    }
+    BodyLayout body(V9Library(), counts, "X", "");
+    body.Take("TIMESTAMP 2024.01.01.00.00.00", 0);
+    body.Take("T0 0 0 0 1", 0);
+    EXPECT_TRUE(body.WantsMore());
+    body.Take("T1 0 1 0 2", 0);
+    EXPECT_FALSE(body.WantsMore());
+    EXPECT_EQ(body.Sections().firstTerminal, 1u);
+    EXPECT_EQ(body.Sections().firstStack, 3u);
     // Versions 3 and 4 have no such line: it is the first attribute line there.
     counts.attributes = 1;
     BodyLayout old(AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V4*").dialect, counts, "X", "");

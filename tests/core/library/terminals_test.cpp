@@ -40,31 +40,21 @@ TEST(ReadTerminals, ReadsPositionsLabelsAndPinNamesInFileOrder) {
                                          {4, -12750000, -1275000, -12750000, -1275000, "MH2"}}));
 }
 
-TEST(ReadTerminals, FilesWithoutPinNamesNameTerminalsByTheirIndex) {
-    DecalRecord record = Decal({"T-0.95 -1.1 -0.95 -1.1 7", "T0.95 -1.1 0.95 -1.1 MH2"}, 2);
-    record.header.dialect.pinNamesOnTerminals = false;
-    const auto terminals = ReadTerminals(record);
-    ASSERT_EQ(terminals.size(), 2u);
-    EXPECT_EQ(terminals[0].pinName, "1");
-    EXPECT_EQ(terminals[1].pinName, "2");
-}
-
-TEST(ReadTerminals, StopsWhereTheCountOrTheBodyEnds) {
-    const Texts lines = {"T1 2 3 4 A1", "T5 6 7 8 B2", "T9 10 11 12 C3"};
+TEST(ReadTerminals, CountsBodyAndDialectLimitWhatIsRead) {
+    const Texts lines = {"T1 2 3 4 A1", "T2.5 1", "T 3 4 5 6 C3"};
     EXPECT_EQ(ReadTerminals(Decal(lines, 2)).size(), 2u);
-    EXPECT_EQ(ReadTerminals(Decal(lines, 0)).size(), 0u);
-    // A record cut short: the terminals it has, nothing invented.
-    const auto shortBody = ReadTerminals(Decal(lines, 7));
-    ASSERT_EQ(shortBody.size(), 3u);
-    EXPECT_EQ(shortBody.back().pinName, "C3");
+    // A record cut short gives the terminals it has; missing numbers read as 0 and a detached T
+    // is tolerated.
+    EXPECT_EQ(ReadTerminals(Decal(lines, 7)),
+              (std::vector<TerminalLine>{
+                  {1, 1, 2, 3, 4, "A1"}, {2, 2.5, 1, 0, 0, "2"}, {3, 3, 4, 5, 6, "C3"}}));
     DecalRecord past = Decal(lines, 3);
     past.firstTerminal = 9;
     EXPECT_TRUE(ReadTerminals(past).empty());
-}
-
-TEST(ReadTerminals, MissingNumbersReadAsZeroAndADetachedTIsTolerated) {
-    EXPECT_EQ(ReadTerminals(Decal({"T2.5 1", "T 3 4 5 6 P7"}, 2)),
-              (std::vector<TerminalLine>{{1, 2.5, 1, 0, 0, "1"}, {2, 3, 4, 5, 6, "P7"}}));
+    // Files without pin names name terminals by their index.
+    DecalRecord unnamed = Decal(lines, 3);
+    unnamed.header.dialect.pinNamesOnTerminals = false;
+    EXPECT_EQ(ReadTerminals(unnamed).back().pinName, "3");
 }
 
 TEST(ReadTerminals, BadLinesNameTheDecalFileAndLine) {
