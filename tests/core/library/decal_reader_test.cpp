@@ -122,47 +122,88 @@ std::string FirstWord(const std::string& line) {
     return std::string(TakeWord(rest));
 }
 
-TEST(DecalReaderLibrary, WalksRecordsSeparatedBySeveralBlankLines) {
+TEST(DecalReader, EveryFixtureRecordIsFramedByItsDialect) {
+    constexpr double kBasic = 6.666666666666667e-07;
+    struct File {
+        const char* name;
+        Texts decals;
+    };
+    const File files[] = {
+        {"v4_library.d", {"FIRST", "SECOND", "LONG", "SHORT"}},
+        {"v3_library.d", {"SOT23", "AXIAL400"}},
+        {"v3_pcb.asc", {"RES400", "CAP200"}},  // the parttype section ends the decals
+        {"v4_pcb.asc", {"TP40"}},
+        {"newer/v9_library.d", {"FINGER", "ONE", "TWO", "COPPER"}},
+        {"newer/v2005_basic.asc", {"RELAY"}},
+        {"newer/v5_mils.asc", {"HDR2"}},
+        {"newer/v95_metric.asc", {"SOT", "MARK"}},
+        {"newer/v10_basic_cut.asc", {"TP1", "TP2"}},
+        {"newer/layout_mm.asc", {"R0402"}},
+    };
+    for (const File& file : files) {
+        EXPECT_EQ(Names(AllRecords(Fixture(file.name))), file.decals) << file.name;
+    }
+    struct Row {
+        const char* file;
+        std::size_t index;
+        double unitFactor;
+        Sections sections;
+    };
+    const Row rows[] = {
+        {"v4_library.d", 0, 0.0254, {8, 0, 3, 5, 6, 8}},
+        // One attribute line and one two-line label come before the pieces.
+        {"v4_library.d", 1, 1.0, {13, 3, 9, 9, 11, 13}},
+        // The counts promise more than the body holds: every later section starts at its end.
+        {"v4_library.d", 3, 0.0254, {3, 0, 3, 3, 3, 3}},
+        {"v3_library.d", 0, 1.0, {15, 0, 6, 6, 9, 15}},
+        {"v3_library.d", 1, 0.0254, {11, 0, 3, 5, 7, 11}},
+        // BASIC units whatever the decal's letter says.
+        {"v3_pcb.asc", 0, kBasic, {11, 0, 3, 5, 7, 11}},
+        {"v3_pcb.asc", 1, kBasic, {15, 0, 9, 9, 11, 15}},
+        {"v4_pcb.asc", 0, 0.0254, {6, 0, 3, 3, 4, 6}},
+        // TIMESTAMP, one attribute line, one label of two lines, then the pieces.
+        {"newer/v9_library.d", 0, 1.0, {34, 4, 18, 20, 22, 34}},
+        {"newer/v9_library.d", 1, 0.0254, {1, 0, 0, 0, 1, 1}},
+        // A text of three lines, two labels of three lines each, then the terminals.
+        {"newer/v2005_basic.asc", 0, kBasic, {34, 0, 10, 19, 22, 34}},
+        // MILS in the file header: the "M" of the decal does not make it millimetres.
+        {"newer/v5_mils.asc", 0, 0.0254, {21, 0, 9, 13, 15, 21}},
+        {"newer/v95_metric.asc", 0, 1.0, {44, 0, 18, 27, 30, 44}},
+        {"newer/v10_basic_cut.asc", 0, kBasic, {6, 0, 3, 3, 4, 6}},
+        {"newer/v10_basic_cut.asc", 1, kBasic, {5, 0, 2, 2, 3, 5}},
+        {"newer/layout_mm.asc", 0, 1.0, {12, 0, 6, 6, 8, 12}},
+    };
+    for (const Row& row : rows) {
+        const auto records = AllRecords(Fixture(row.file));
+        ASSERT_LT(row.index, records.size()) << row.file;
+        SCOPED_TRACE(records[row.index].name);
+        EXPECT_DOUBLE_EQ(records[row.index].unitFactor, row.unitFactor);
+        EXPECT_EQ(SectionsOf(records[row.index]), row.sections);
+    }
+}
+
+TEST(DecalReaderLibrary, RecordsSeparatedBySeveralBlankLines) {
     DecalReader reader(Fixture("v4_library.d"));
     EXPECT_EQ(reader.Header().version, 4);
-    EXPECT_FALSE(reader.Header().pcbFile);
-
     DecalRecord record;
     ASSERT_TRUE(reader.NextRecord(record));
-    EXPECT_EQ(record.name, "FIRST");
     EXPECT_EQ(record.unitLetter, "I");
-    EXPECT_DOUBLE_EQ(record.unitFactor, 0.0254);
     EXPECT_EQ(record.headerLineNumber, 3);
     EXPECT_EQ(record.fileName, Fixture("v4_library.d").string());
-    EXPECT_EQ(CountsOf(record), (std::vector<int>{0, 0, 1, 1, 1, 1}));
-    EXPECT_EQ(SectionsOf(record), (Sections{8, 0, 3, 5, 6, 8}));
-
     ASSERT_TRUE(reader.NextRecord(record));
-    EXPECT_EQ(record.name, "SECOND");
-    EXPECT_DOUBLE_EQ(record.unitFactor, 1.0);
     EXPECT_EQ(record.headerLineNumber, 15);
     EXPECT_EQ(CountsOf(record), (std::vector<int>{1, 1, 1, 0, 2, 1}));
-    // One attribute line and one two-line label come before the pieces.
-    EXPECT_EQ(SectionsOf(record), (Sections{13, 3, 9, 9, 11, 13}));
     EXPECT_EQ(record.LineNumberOf(record.firstStack), 27);
-
     ASSERT_TRUE(reader.NextRecord(record));
-    EXPECT_EQ(record.name, "LONG");
     ASSERT_EQ(record.lines.size(), 5u);
     std::string digits;
     for (int i = 0; i < 200; ++i) {
         digits += static_cast<char>('0' + i % 10);
     }
     EXPECT_EQ(record.lines[4], digits);  // the 250-character line keeps its first 200
-
     ASSERT_TRUE(reader.NextRecord(record));
-    EXPECT_EQ(record.name, "SHORT");
     EXPECT_EQ(CountsOf(record), (std::vector<int>{0, 0, 5, 2, 9, 3}));
-    // The counts promise more than the body holds: every later section starts at its end.
-    EXPECT_EQ(SectionsOf(record), (Sections{3, 0, 3, 3, 3, 3}));
-    LineCursor cursor(record, record.firstTerminal);
-    EXPECT_TRUE(cursor.AtEnd());
-
+    EXPECT_TRUE(LineCursor(record, record.firstTerminal).AtEnd());
     EXPECT_FALSE(reader.NextRecord(record));
     EXPECT_EQ(reader.CurrentLine(), "*END*");
 }
@@ -177,22 +218,11 @@ TEST(DecalReaderLibrary, CrLfAndLfGiveTheSameRecords) {
         ASSERT_EQ(lf.size(), crlf.size()) << name;
         ASSERT_FALSE(lf.empty()) << name;
         for (std::size_t i = 0; i < lf.size(); ++i) {
-            EXPECT_EQ(lf[i].name, crlf[i].name);
             EXPECT_EQ(lf[i].lines, crlf[i].lines);
             EXPECT_EQ(SectionsOf(lf[i]), SectionsOf(crlf[i]));
             EXPECT_EQ(lf[i].headerLineNumber, crlf[i].headerLineNumber);
         }
     }
-}
-
-TEST(DecalReaderLibrary, VersionThreeLibraryWithCrLf) {
-    auto records = AllRecords(Fixture("v3_library.d"));
-    ASSERT_EQ(records.size(), 2u);
-    EXPECT_EQ(records[0].header.dialect.drillPlace, DrillPlace::EveryStackLine);
-    EXPECT_EQ(records[0].name, "SOT23");
-    EXPECT_EQ(CountsOf(records[0]), (std::vector<int>{0, 0, 2, 0, 3, 2}));
-    EXPECT_EQ(SectionsOf(records[0]), (Sections{15, 0, 6, 6, 9, 15}));
-    EXPECT_EQ(records[1].lines.back(), "0 65 R 35 P");
 }
 
 TEST(DecalReaderSearch, FindsTheFirstLineWithTheNameFromTheCurrentLine) {
@@ -251,44 +281,25 @@ TEST(DecalReaderSearch, NamesAreComparedExactlyOnTheirFirstFortyCharacters) {
     EXPECT_EQ(reader.CurrentLine(), "ALONE");
 }
 
-TEST(DecalReaderPcb, FindsTheFirstDecalAfterRemarksAndBlankLines) {
-    DecalReader reader(Fixture("v3_pcb.asc"));
-    EXPECT_TRUE(reader.Header().pcbFile);
-    EXPECT_TRUE(reader.Header().basicUnits);
-    EXPECT_EQ(reader.Header().version, 3);
-    reader.PositionAtDecals();
-    EXPECT_EQ(reader.CurrentLineNumber(), 13);
-    EXPECT_EQ(reader.CurrentLine(), "RES400 I 0 0 1 2 1 1 0");
-
-    auto records = AllRecords(Fixture("v3_pcb.asc"));
-    ASSERT_EQ(records.size(), 2u);  // the parttype section ends the decals
-    EXPECT_EQ(records[0].unitLetter, "I");
-    EXPECT_DOUBLE_EQ(records[0].unitFactor, 6.666666666666667e-07);  // BASIC wins over "I"
-    EXPECT_EQ(CountsOf(records[0]), (std::vector<int>{0, 0, 1, 1, 2, 1}));
-    EXPECT_EQ(SectionsOf(records[0]), (Sections{11, 0, 3, 5, 7, 11}));
-    EXPECT_EQ(records[1].name, "CAP200");
-    EXPECT_EQ(records[1].unitLetter, "M");
-    EXPECT_DOUBLE_EQ(records[1].unitFactor, 6.666666666666667e-07);
-    EXPECT_EQ(records[1].headerLineNumber, 27);
-    EXPECT_EQ(SectionsOf(records[1]), (Sections{15, 0, 9, 9, 11, 15}));
-}
-
 TEST(DecalReaderPcb, EverySearchStartsAgainAtTheDecalSection) {
     DecalReader reader(Fixture("v3_pcb.asc"));
+    reader.PositionAtDecals();  // after remarks and blank lines
+    EXPECT_EQ(reader.CurrentLineNumber(), 13);
+    EXPECT_EQ(reader.CurrentLine(), "RES400 I 0 0 1 2 1 1 0");
     DecalRecord record;
-    reader.RestartAtDecals();
     ASSERT_TRUE(reader.FindDecal("CAP200"));
+    EXPECT_EQ(reader.CurrentLineNumber(), 27);
     reader.ReadRecord(record);
     reader.RestartAtDecals();
     ASSERT_TRUE(reader.FindDecal("RES400"));
     EXPECT_EQ(reader.CurrentLineNumber(), 13);
 
-    DecalReader mils(Fixture("v4_pcb.asc"));
-    EXPECT_EQ(mils.Header().unitsWord, "MILS");
-    ASSERT_TRUE(mils.FindDecalFromStart("TP40"));
-    mils.ReadRecord(record);
-    EXPECT_DOUBLE_EQ(record.unitFactor, 0.0254);
-    EXPECT_EQ(SectionsOf(record), (Sections{6, 0, 3, 3, 4, 6}));
+    DecalReader metric(Newer("v95_metric.asc"));
+    metric.PositionAtDecals();
+    EXPECT_EQ(metric.CurrentLine(), "SOT I 0 0 5 3 3 1 2");  // right after "*PARTDECAL*"
+    DecalReader cut(Newer("v10_basic_cut.asc"));
+    ASSERT_TRUE(cut.FindDecalFromStart("TP2"));
+    EXPECT_EQ(cut.CurrentLineNumber(), 10);
 }
 
 TEST(DecalReaderPcb, AFileWithoutDecalSectionHasNoDecals) {
@@ -305,21 +316,17 @@ TEST(DecalReaderPcb, AFileWithoutDecalSectionHasNoDecals) {
 
 TEST(DecalReaderRecord, HeadlessLibrariesStartWithTheirFirstRecord) {
     test::TempDir dir;
-    auto file = dir.WriteFile("plain.d", "R1 I 0 0 0 0 0 0 0 0\nT0 0 0 0 1\n\nR2 M 0 0\n");
-    auto records = AllRecords(file);
-    ASSERT_EQ(records.size(), 2u);
-    EXPECT_EQ(records[0].name, "R1");
+    auto records =
+        AllRecords(dir.WriteFile("plain.d", "R1 I 0 0 0 0 0 0 0 0\nT0 0 0 0 1\n\nR2 M 0 0\n"));
+    ASSERT_EQ(Names(records), (Texts{"R1", "R2"}));
     EXPECT_EQ(records[0].header.product, FileProduct::Unknown);
-    EXPECT_EQ(records[1].name, "R2");
-    EXPECT_EQ(CountsOf(records[1]),
-              (std::vector<int>{0, 0, 0, 0, 0, 0}));  // missing counts read as 0
-    EXPECT_TRUE(records[1].lines.empty());
+    // Missing counts read as 0.
+    EXPECT_EQ(CountsOf(records[1]), (std::vector<int>{0, 0, 0, 0, 0, 0}));
 }
 
 TEST(DecalReaderRecord, BadCountsNameFileLineAndWord) {
     test::TempDir dir;
     auto notNumber = dir.WriteFile("bad.d", "*PADS-LIBRARY-PCB-DECALS-V4*\nX I 0 0 0 0 2x 0 0 0\n");
-    DecalRecord record;
     try {
         AllRecords(notNumber);
         FAIL() << "no error";
@@ -331,12 +338,12 @@ TEST(DecalReaderRecord, BadCountsNameFileLineAndWord) {
     auto large =
         dir.WriteFile("large.d", "*PADS-LIBRARY-PCB-DECALS-V4*\nX I 0 0 0 0 0 0 65536 0\n");
     EXPECT_THROW(AllRecords(large), RangeError);
+    auto negative = dir.WriteFile("negative.asc",
+                                  "!PADS-POWERPCB-V4.0-MILS!\n*PARTDECAL*\nX I 0 0 0 -1 0 0 0\n");
+    EXPECT_THROW(AllRecords(negative), RangeError);
     auto largest =
         dir.WriteFile("largest.d", "*PADS-LIBRARY-PCB-DECALS-V4*\nX I 0 0 0 0 0 0 65535 0\n");
-    auto records = AllRecords(largest);
-    ASSERT_EQ(records.size(), 1u);
-    EXPECT_EQ(records[0].counts.terminals, 65535);
-
+    EXPECT_EQ(AllRecords(largest).at(0).counts.terminals, 65535);
     auto badStack = dir.WriteFile(
         "stack.asc", "!PADS-POWERPCB-V4.0-MILS!\n*PARTDECAL*\nX I 0 0 0 0 1 0 0\nPAD 0 1.5\n");
     try {
@@ -349,164 +356,81 @@ TEST(DecalReaderRecord, BadCountsNameFileLineAndWord) {
     }
 }
 
-TEST(NewerLibrary, RecordsAreFramedByTheirCounts) {
-    DecalReader reader(Newer("v9_library.d"));
-    EXPECT_EQ(reader.Header().version, 5);
-    EXPECT_EQ(reader.Header().dialect.framing, Framing::Counts);
-
-    const auto records = AllRecords(Newer("v9_library.d"));
+TEST(NewerLibrary, RecordsFramedByTheirCountsAndSearchedHeaderByHeader) {
     // FINGER follows the file header without a blank line; ONE, TWO and COPPER follow each other
     // directly; "*END*" follows COPPER's last piece, and the remarks after it are no records.
-    ASSERT_EQ(Names(records), (Texts{"FINGER", "ONE", "TWO", "COPPER"}));
-
-    const DecalRecord& finger = records[0];
-    EXPECT_EQ(finger.headerLineNumber, 2);
-    EXPECT_EQ(CountsOf(finger), (std::vector<int>{1, 1, 3, 1, 2, 2}));
-    // TIMESTAMP, one attribute line, one label of two lines, then the pieces.
-    EXPECT_EQ(SectionsOf(finger), (Sections{34, 4, 18, 20, 22, 34}));
-    EXPECT_EQ(finger.lines[finger.firstPiece], "CLOSED 5 0.1 20 -1");
-    EXPECT_EQ(finger.lines[finger.firstTerminal + 1], "T1.5 0 1.6 0.2 MH2");
-
-    EXPECT_DOUBLE_EQ(finger.unitFactor, 1.0);
-    EXPECT_DOUBLE_EQ(records[1].unitFactor, 0.0254);  // each decal's own letter
-    EXPECT_EQ(records[1].lines, (Texts{"T0 0 0 0 1"}));
-    EXPECT_EQ(SectionsOf(records[1]), (Sections{1, 0, 0, 0, 1, 1}));
-    EXPECT_EQ(records[2].lines, (Texts{"T100 0 100 0 A"}));
-    EXPECT_EQ(records[2].headerLineNumber, 40);
-
-    const DecalRecord& copper = records[3];
-    EXPECT_EQ(copper.lines.size(), 15u);  // the TIMESTAMP line and five pieces, up to "*END*"
-    EXPECT_EQ(copper.firstPiece, 1u);
-    EXPECT_EQ(copper.endOfStacks, 15u);
-    EXPECT_EQ(reader.CurrentLine(), "*PADS-LIBRARY-PCB-DECALS-V9*");  // untouched by AllRecords
-}
-
-TEST(NewerLibrary, StacksCarryHeaderDrillsSlotsAndCornersBeforeTheFinger) {
     const auto records = AllRecords(Newer("v9_library.d"));
-    ASSERT_FALSE(records.empty());
-    const Texts texts = Stacks(records[0]);
-    ASSERT_EQ(texts.size(), 10u);
-    EXPECT_EQ(texts[0], "0..0 -2 1.2 S 0/0/0/0 c0.1 | P 0.6 0/0/0");
-    // Corner 0.2 first, then orientation 90, length 2.4, offset 0.1.
-    EXPECT_EQ(texts[4], "2..2 -2 1 RF 90/2.4/0.1/0 c0.2 | N 0.8 90/2/0.1");
-    EXPECT_EQ(texts[6], "2..2 -1 0.9 RT 45/1.5/0.2/4 c0 | N 0.8 90/2/0.1");
-    // With two lines for the inner layer the first one is the pad there.
-    const PadStackList stacks = ReadPadStacks(records[0]);
-    ASSERT_NE(FindStackEntry(stacks, 2, -1), nullptr);
-    EXPECT_EQ(FindStackEntry(stacks, 2, -1)->shape, "OF");
-    EXPECT_EQ(FindStackEntry(stacks, 1, 28), nullptr);
-}
+    ASSERT_EQ(records.size(), 4u);
+    EXPECT_EQ(CountsOf(records[0]), (std::vector<int>{1, 1, 3, 1, 2, 2}));
+    EXPECT_EQ(records[0].lines[records[0].firstTerminal + 1], "T1.5 0 1.6 0.2 MH2");
+    EXPECT_EQ(records[2].lines, (Texts{"T100 0 100 0 A"}));
+    EXPECT_EQ(records[3].lines.size(), 15u);  // the TIMESTAMP line and five pieces
 
-TEST(NewerLibrary, SearchesGoRecordByRecord) {
     DecalReader reader(Newer("v9_library.d"));
     DecalRecord record;
-    // From the file's first line, past the header line.
     ASSERT_TRUE(reader.FindDecal("FINGER"));
     EXPECT_EQ(reader.CurrentLineNumber(), 2);
     reader.ReadRecord(record);
-    // The record ended at the blank line after it; TWO is the second record after it.
     ASSERT_TRUE(reader.FindDecal("TWO"));
     EXPECT_EQ(reader.CurrentLineNumber(), 40);
     reader.ReadRecord(record);
     EXPECT_EQ(reader.CurrentLine(), "COPPER I 0 0 0 0 5 0 0 0 0");
-    ASSERT_TRUE(reader.FindDecal("COPPER"));
-    EXPECT_EQ(reader.CurrentLineNumber(), 42);
-
     // Body lines are not headers: a label name or a text is not found, and the search ends at
     // "*END*" without reading the remarks after it.
     EXPECT_FALSE(reader.FindDecalFromStart("REF-DES"));
     EXPECT_FALSE(reader.FindDecalFromStart("A1"));
     EXPECT_EQ(reader.CurrentLine(), "*END*");
     EXPECT_FALSE(reader.FindDecalFromStart("model.stp/0/0/0/0/0/0"));
-    ASSERT_TRUE(reader.FindDecalFromStart("ONE"));
-    EXPECT_EQ(reader.CurrentLineNumber(), 38);
     reader.RestartAtDecals();
     EXPECT_FALSE(reader.FindDecal("*END*"));
 }
 
-TEST(NewerPcb, V2005BasicFileWithFontLinesAndLabelsBeforeTheTerminals) {
-    const auto records = AllRecords(Newer("v2005_basic.asc"));
-    ASSERT_EQ(Names(records), (Texts{"RELAY"}));  // the parttype section ends the decals
-    const DecalRecord& relay = records[0];
-    EXPECT_EQ(relay.headerLineNumber, 11);
-    // BASIC units whatever the letter says.
-    EXPECT_EQ(relay.unitLetter, "I");
-    EXPECT_DOUBLE_EQ(relay.unitFactor, 6.666666666666667e-07);
-    EXPECT_EQ(CountsOf(relay), (std::vector<int>{0, 2, 2, 1, 3, 3}));
-    // A text of three lines, two labels of three lines each, then the terminals.
-    EXPECT_EQ(SectionsOf(relay), (Sections{34, 0, 10, 19, 22, 34}));
-    EXPECT_EQ(relay.lines[relay.firstTerminal], "T1905000 2857500 1905000 2857500");
-    // Drills straight after the shape fields; no corner radius in this release.
-    const Texts stacks = Stacks(relay);
-    ASSERT_EQ(stacks.size(), 9u);
-    EXPECT_EQ(stacks[0], "0..0 -2 2286000 R 0/0/0/0 c0 | P 1143000 0/0/0");
-    EXPECT_EQ(stacks[6], "3..3 -2 1524000 OF 90/3048000/0/0 c0 | N 1143000 0/0/0");
-}
-
-TEST(NewerPcb, V5FileHasTwoLineTextsAndLabelsAndTheUnitsOfItsHeader) {
-    const auto records = AllRecords(Newer("v5_mils.asc"));
-    ASSERT_EQ(Names(records), (Texts{"HDR2"}));
-    const DecalRecord& header = records[0];
-    EXPECT_EQ(SectionsOf(header), (Sections{21, 0, 9, 13, 15, 21}));
-    // MILS in the file header: the "M" of the decal does not make it millimetres.
-    EXPECT_DOUBLE_EQ(header.unitFactor, 0.0254);
-    EXPECT_EQ(Stacks(header).back(), "2..2 -2 60 RF 90/120/0/0 c0 | N 35 0/0/0");
-}
-
-TEST(NewerPcb, V95MetricFileWithCornersSlotsAntiPadsAndBackToBackRecords) {
-    DecalReader reader(Newer("v95_metric.asc"));
-    reader.PositionAtDecals();
-    EXPECT_EQ(reader.CurrentLine(), "SOT I 0 0 5 3 3 1 2");  // right after "*PARTDECAL*"
-
-    const auto records = AllRecords(Newer("v95_metric.asc"));
-    ASSERT_EQ(Names(records), (Texts{"SOT", "MARK"}));
-    const DecalRecord& sot = records[0];
-    EXPECT_DOUBLE_EQ(sot.unitFactor, 1.0);  // METRIC, though the letter says mils
-    EXPECT_EQ(SectionsOf(sot), (Sections{44, 0, 18, 27, 30, 44}));
-    const Texts texts = Stacks(sot);
-    ASSERT_EQ(texts.size(), 11u);
-    EXPECT_EQ(texts[0], "0..0 -2 0.6 RF 0/1.1/0/0 c0.1 | N 0 0/0/0");
-    // A plated drill of 0.7 with a slot of 1.3 at 90 degrees.
-    EXPECT_EQ(texts[4], "3..3 -2 1.2 OF 90/2.4/0/0 c0 | P 0.7 90/1.3/0");
-    // Corner, then the drill without a plated flag: plated.
-    EXPECT_EQ(texts[8], "2..2 -2 0.8 S 0/0/0/0 c0.15 | P 0.5 0/0/0");
-    const PadStackList stacks = ReadPadStacks(sot);
-    EXPECT_TRUE(IsAntiPad(stacks[1]));
-    EXPECT_FALSE(IsAntiPad(stacks[2]));
-
-    EXPECT_EQ(records[1].lines, (Texts{"BRDCIR 2 0.1 -1 20", "-1 0", "1 0"}));
-}
-
-TEST(NewerPcb, CutV10HeaderInBasicUnitsWithRecordsWithoutBlankLines) {
-    DecalReader reader(Newer("v10_basic_cut.asc"));
-    EXPECT_TRUE(reader.Header().basicUnits);
-    EXPECT_EQ(reader.Header().release, (FormatRelease{10, 0}));
-    const auto records = AllRecords(Newer("v10_basic_cut.asc"));
-    ASSERT_EQ(Names(records), (Texts{"TP1", "TP2"}));
-    for (const DecalRecord& record : records) {
-        EXPECT_DOUBLE_EQ(record.unitFactor, 6.666666666666667e-07) << record.name;
+TEST(DecalReaderStacks, EachReleaseWritesItsDrillsCornersAndSlots) {
+    // "pins layer size shape ori/length/offset/spokes corner | plated drill slot".
+    struct Case {
+        const char* file;
+        std::size_t count, index;
+        const char* stack;
+    };
+    const Case cases[] = {
+        {"v9_library.d", 10, 0, "0..0 -2 1.2 S 0/0/0/0 c0.1 | P 0.6 0/0/0"},
+        // Libraries: the corner 0.2 first, then orientation 90, length 2.4, offset 0.1.
+        {"v9_library.d", 10, 4, "2..2 -2 1 RF 90/2.4/0.1/0 c0.2 | N 0.8 90/2/0.1"},
+        {"v9_library.d", 10, 6, "2..2 -1 0.9 RT 45/1.5/0.2/4 c0 | N 0.8 90/2/0.1"},
+        // Drills straight after the shape fields; no corner radius before release 9.
+        {"v2005_basic.asc", 9, 6, "3..3 -2 1524000 OF 90/3048000/0/0 c0 | N 1143000 0/0/0"},
+        {"v5_mils.asc", 4, 3, "2..2 -2 60 RF 90/120/0/0 c0 | N 35 0/0/0"},
+        {"v95_metric.asc", 11, 0, "0..0 -2 0.6 RF 0/1.1/0/0 c0.1 | N 0 0/0/0"},
+        // A plated drill of 0.7 with a slot of 1.3 at 90 degrees.
+        {"v95_metric.asc", 11, 4, "3..3 -2 1.2 OF 90/2.4/0/0 c0 | P 0.7 90/1.3/0"},
+        // Corner, then the drill without a plated flag: plated.
+        {"v95_metric.asc", 11, 8, "2..2 -2 0.8 S 0/0/0/0 c0.15 | P 0.5 0/0/0"},
+        {"v10_basic_cut.asc", 1, 0, "0..0 -2 2399995 R 0/0/0/0 c0 | P 1499997 0/0/0"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.file);
+        const Texts stacks = Stacks(AllRecords(Newer(c.file)).at(0));
+        ASSERT_EQ(stacks.size(), c.count);
+        EXPECT_EQ(stacks[c.index], c.stack);
     }
-    EXPECT_EQ(SectionsOf(records[0]), (Sections{6, 0, 3, 3, 4, 6}));
-    EXPECT_EQ(SectionsOf(records[1]), (Sections{5, 0, 2, 2, 3, 5}));
-    EXPECT_EQ(Stacks(records[0]), (Texts{"0..0 -2 2399995 R 0/0/0/0 c0 | P 1499997 0/0/0"}));
-    ASSERT_TRUE(reader.FindDecalFromStart("TP2"));
-    EXPECT_EQ(reader.CurrentLineNumber(), 10);
-}
-
-TEST(NewerPcb, PadsLayoutFilesAreRead) {
-    const auto records = AllRecords(Newer("layout_mm.asc"));
-    ASSERT_EQ(Names(records), (Texts{"R0402"}));
-    EXPECT_DOUBLE_EQ(records[0].unitFactor, 1.0);
-    EXPECT_EQ(SectionsOf(records[0]), (Sections{12, 0, 6, 6, 8, 12}));
+    // With two lines for the inner layer the first one is the pad there.
+    const PadStackList finger = ReadPadStacks(AllRecords(Newer("v9_library.d")).at(0));
+    ASSERT_NE(FindStackEntry(finger, 2, -1), nullptr);
+    EXPECT_EQ(FindStackEntry(finger, 2, -1)->shape, "OF");
+    EXPECT_EQ(FindStackEntry(finger, 1, 28), nullptr);
+    const auto metric = AllRecords(Newer("v95_metric.asc"));
+    const PadStackList sot = ReadPadStacks(metric.at(0));
+    EXPECT_TRUE(IsAntiPad(sot[1]));
+    EXPECT_FALSE(IsAntiPad(sot[2]));
+    EXPECT_EQ(metric.at(1).lines, (Texts{"BRDCIR 2 0.1 -1 20", "-1 0", "1 0"}));
 }
 
 TEST(NewerPcb, ACountThatIsNoNumberNamesItsLine) {
     test::TempDir dir;
-    auto file = dir.WriteFile("bad.asc",
-                              "!PADS-POWERPCB-V9.5-METRIC!\n*PARTDECAL*\nX M 0 0 1 0 0 0 0\n"
-                              "OPEN many 0.1 -1 26\n0 0\nY M 0 0 0 0 0 0 0\n");
+    const std::string broken =
+        "!PADS-POWERPCB-V9.5-METRIC!\n*PARTDECAL*\nX M 0 0 1 0 0 0 0\nOPEN many 0.1 -1 26\n0 0\n";
     try {
-        AllRecords(file);
+        AllRecords(dir.WriteFile("bad.asc", broken + "Y M 0 0 0 0 0 0 0\n"));
         FAIL() << "no error";
     } catch (const ConversionError& error) {
         EXPECT_EQ(error.line(), 4);
@@ -514,10 +438,7 @@ TEST(NewerPcb, ACountThatIsNoNumberNamesItsLine) {
                   "the corner count of a piece of decal X is not a number: \"many\"");
     }
     // A search for another decal passes over the broken record up to its blank line.
-    auto search = dir.WriteFile("search.asc",
-                                "!PADS-POWERPCB-V9.5-METRIC!\n*PARTDECAL*\nX M 0 0 1 0 0 0 0\n"
-                                "OPEN many 0.1 -1 26\n0 0\n\nY M 0 0 0 0 0 0 0\n");
-    DecalReader reader(search);
+    DecalReader reader(dir.WriteFile("search.asc", broken + "\nY M 0 0 0 0 0 0 0\n"));
     EXPECT_TRUE(reader.FindDecalFromStart("Y"));
 }
 
