@@ -119,53 +119,42 @@ std::vector<int> GridLines(const RecordingCanvas& canvas, bool horizontal) {
     return found;
 }
 
-TEST(DrawGrid, LinesRunThroughTheOriginAtTheMilStep) {
+TEST(DrawGrid, LinesRunThroughTheOriginAtTheStepAndStopBelowTheListedAttributes) {
     PageBench bench;
     bench.settings.GridSize = 50;
     bench.settings.GridUnit = 1;
     bench.settings.GridLineStyle = 1;
     DrawGrid(bench.frame, kWidth, kHeight, 0);
-    // 50 mils at 2 : 1 is 2.54 mm. The area: x 10 to 180, y 110 to 250.
+    // 50 mils at 2 : 1 is 2.54 mm. The area: x 10 to 180, y 110 to 250. Through the origin
+    // first, then upwards, then downwards.
     const std::vector<int> rows = GridLines(bench.canvas, true);
     ASSERT_EQ(rows.size(), 40u + 15u);
-    EXPECT_EQ(rows[0], 15000);  // through the origin first, then upwards
-    EXPECT_EQ(rows[1], 15254);
-    EXPECT_EQ(rows[39], 24906);
-    EXPECT_EQ(rows[40], 14746);  // then downwards
-    EXPECT_EQ(rows[54], 11190);
+    EXPECT_EQ((std::vector<int>{rows[0], rows[1], rows[39], rows[40], rows[54]}),
+              (std::vector<int>{15000, 15254, 24906, 14746, 11190}));
     const std::vector<int> columns = GridLines(bench.canvas, false);
     ASSERT_EQ(columns.size(), 32u + 35u);
-    EXPECT_EQ(columns[0], 10000);
-    EXPECT_EQ(columns[31], 17874);
-    EXPECT_EQ(columns[32], 9746);
-    EXPECT_EQ(columns[66], 1110);
-
-    const Lines& all = bench.canvas.Lines();
-    EXPECT_EQ(all[0], "move 1000 15000");
-    EXPECT_EQ(all[1], "line 18000 15000 pen=000008/10/dash");
-    EXPECT_EQ(bench.IndexOf("move 10000 11000") + 1,
-              bench.IndexOf("line 10000 25000 pen=000008/10/dash"));
+    EXPECT_EQ((std::vector<int>{columns[0], columns[31], columns[32], columns[66]}),
+              (std::vector<int>{10000, 17874, 9746, 1110}));
+    EXPECT_EQ(bench.canvas.Lines()[1], "line 18000 15000 pen=000008/10/dash");
     // The pitch in the area's lower left corner, in the Origin colour; the pen is solid again.
-    EXPECT_EQ(all.back(), R"(text 1000 11280 280 "Arial" "Grid = 50.00 mils" colour=000008)");
+    EXPECT_EQ(bench.canvas.Lines().back(),
+              R"(text 1000 11280 280 "Arial" "Grid = 50.00 mils" colour=000008)");
     EXPECT_EQ(bench.canvas.PenStyleNow(), PenStyle::Solid);
-}
 
-TEST(DrawGrid, MillimetreGridStopsBelowTheListedAttributes) {
-    PageBench bench;
-    bench.settings.GridSize = 5;
-    bench.settings.GridUnit = 0;
-    bench.settings.GridLineStyle = 2;
-    bench.frame.Scale = 1;
-    DrawGrid(bench.frame, kWidth, kHeight, 2);
+    PageBench mm;
+    mm.settings.GridSize = 5;
+    mm.settings.GridUnit = 0;
+    mm.settings.GridLineStyle = 2;
+    mm.frame.Scale = 1;
+    DrawGrid(mm.frame, kWidth, kHeight, 2);
     // The area's top is 250 - 2 x 4 = 242 mm; 240 is the last line up, 115 the last down (a line
     // on the bottom bound 110 is not drawn).
-    const std::vector<int> rows = GridLines(bench.canvas, true);
-    ASSERT_EQ(rows.size(), 19u + 7u);
-    EXPECT_EQ(rows[18], 24000);
-    EXPECT_EQ(rows.back(), 11500);
-    EXPECT_EQ(bench.IndexOf("line 10000 24200 pen=000008/10/dot"),
-              bench.IndexOf("move 10000 11000") + 1);
-    EXPECT_EQ(bench.canvas.Lines().back(),
+    const std::vector<int> mmRows = GridLines(mm.canvas, true);
+    ASSERT_EQ(mmRows.size(), 19u + 7u);
+    EXPECT_EQ(mmRows[18], 24000);
+    EXPECT_EQ(mmRows.back(), 11500);
+    EXPECT_EQ(mm.IndexOf("line 10000 24200 pen=000008/10/dot"), mm.IndexOf("move 10000 11000") + 1);
+    EXPECT_EQ(mm.canvas.Lines().back(),
               R"(text 1000 11280 280 "Arial" "Grid = 5.00 mm" colour=000008)");
 }
 
@@ -182,18 +171,16 @@ TEST(DrawGrid, OptionsAndPensLeaveThingsOut) {
     EXPECT_TRUE(noPen.canvas.Lines().empty());
 
     // A pitch of nothing, or so fine it would only blacken the page.
-    PageBench zero;
-    zero.settings.GridSize = 0;
-    DrawGrid(zero.frame, kWidth, kHeight, 0);
-    EXPECT_TRUE(LinesOf(zero.canvas, "line").empty());
-    PageBench fine;
-    fine.settings.GridSize = 0.001;
-    fine.settings.GridUnit = 0;
-    DrawGrid(fine.frame, kWidth, kHeight, 0);
-    EXPECT_TRUE(LinesOf(fine.canvas, "line").empty());
+    for (const double size : {0.0, 0.001}) {
+        PageBench bench;
+        bench.settings.GridSize = size;
+        bench.settings.GridUnit = 0;
+        DrawGrid(bench.frame, kWidth, kHeight, 0);
+        EXPECT_TRUE(LinesOf(bench.canvas, "line").empty()) << size;
+    }
 }
 
-TEST(DrawOriginMarker, IsACircleWithACrossOfOriginSizeOnPaper) {
+TEST(DecalPage, OriginMarkerIsACircleWithACrossOfOriginSizeOnPaperWhenAskedFor) {
     PageBench bench;
     bench.settings.OriginSize = 6;
     DrawOriginMarker(bench.frame);
@@ -203,37 +190,27 @@ TEST(DrawOriginMarker, IsACircleWithACrossOfOriginSizeOnPaper) {
                      "arc 9700 14700 10300 15300 9700 14700 10300 15300 pen=000008/12/solid",
                      "move 9700 15000", "line 10300 15000 pen=000008/12/solid", "move 10000 14700",
                      "line 10000 15300 pen=000008/12/solid"}));
-}
-
-TEST(DecalPage, OriginMarkerOnlyWhenAskedForAndLargerThanNothing) {
     for (const auto& [plot, size, drawn] :
-         {std::tuple{true, 6.0, true}, std::tuple{true, 0.0, false}, std::tuple{true, 0.01, false},
+         {std::tuple{true, 6.0, true}, std::tuple{true, 0.01, false},
           std::tuple{false, 6.0, false}}) {
-        PageBench bench;
-        bench.settings.PlotOrigins = plot;
-        bench.settings.OriginSize = size;
-        bench.Draw(Bar());
-        EXPECT_EQ(LinesOf(bench.canvas, "arc").size(), drawn ? 2u : 0u) << plot << " " << size;
+        PageBench page;
+        page.settings.PlotOrigins = plot;
+        page.settings.OriginSize = size;
+        page.Draw(Bar());
+        EXPECT_EQ(LinesOf(page.canvas, "arc").size(), drawn ? 2u : 0u) << plot << " " << size;
     }
 }
 
 TEST(DecalPage, GridStandsBehindOrInFrontOfTheDecal) {
     const std::string piece = "line 12000 15000 pen=000003/40/solid";
-    PageBench behind;
-    behind.settings.ShowGrid = true;
-    behind.Draw(Bar());
-    ASSERT_LT(behind.IndexOf(piece), static_cast<std::ptrdiff_t>(behind.canvas.Lines().size()));
-    EXPECT_LT(behind.FirstIndexWith("pen=000008/10/"), behind.IndexOf(piece));
-
-    PageBench front;
-    front.settings.ShowGrid = true;
-    front.settings.GridPosition = 1;
-    front.Draw(Bar());
-    ASSERT_LT(front.IndexOf(piece), static_cast<std::ptrdiff_t>(front.canvas.Lines().size()));
-    EXPECT_GT(front.FirstIndexWith("pen=000008/10/"), front.IndexOf(piece));
-    // The same grid either way.
-    EXPECT_EQ(GridLines(front.canvas, true), GridLines(behind.canvas, true));
-
+    for (const int position : {0, 1}) {
+        PageBench bench;
+        bench.settings.ShowGrid = true;
+        bench.settings.GridPosition = position;
+        bench.Draw(Bar());
+        ASSERT_TRUE(bench.Has(piece));
+        EXPECT_EQ(bench.FirstIndexWith("pen=000008/10/") < bench.IndexOf(piece), position == 0);
+    }
     PageBench none;
     none.Draw(Bar());
     EXPECT_FALSE(none.HasPart("pen=000008/"));

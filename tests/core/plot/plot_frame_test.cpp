@@ -11,8 +11,8 @@ namespace zantor {
 namespace {
 
 using test::PlotBench;
+using Lines = std::vector<std::string>;
 
-// Splits a recorded polygon line into its points.
 std::vector<DevicePoint> PolygonPoints(const std::string& line) {
     std::istringstream in(line);
     std::string op;
@@ -25,7 +25,7 @@ std::vector<DevicePoint> PolygonPoints(const std::string& line) {
     return points;
 }
 
-TEST(PlotFrameTransform, PrinterIsHundredthsOfMillimetresWithYUpFromTheTopEdge) {
+TEST(PlotFrameTransform, EachSurfaceMapsLibraryAndPageMillimetresItsOwnWay) {
     PlotBench bench;
     PlotFrame& frame = bench.frame;
     frame.Scale = 2;
@@ -35,59 +35,41 @@ TEST(PlotFrameTransform, PrinterIsHundredthsOfMillimetresWithYUpFromTheTopEdge) 
     frame.OriginY1 = 20;
     frame.OriginY2 = 7;
     frame.PageHeight = 297;
-
-    EXPECT_EQ(frame.DevX(1000), 6580);              // (50.8 + 15) mm
-    EXPECT_EQ(frame.DevY(1000), -21920);            // 50.8 + 27 - 297 mm: below the top edge
-    EXPECT_GT(frame.DevY(2000), frame.DevY(1000));  // a larger y lands higher on the page
-    EXPECT_LT(frame.DevY(2000), 0);
-    // Page positions take only the second offset and neither scale nor unit factor.
+    // Printer: hundredths of a millimetre, y up from the page's top edge.
+    EXPECT_EQ(frame.DevX(1000), 6580);    // (50.8 + 15) mm
+    EXPECT_EQ(frame.DevY(1000), -21920);  // 50.8 + 27 - 297 mm
     EXPECT_EQ(frame.PageDevX(100), 10500);
-    EXPECT_EQ(frame.PageDevY(100), -19000);
-    EXPECT_EQ(frame.PageDevY(290), 0);  // the top edge
-    EXPECT_EQ(frame.DevLen(0.35), 35);
-}
+    EXPECT_EQ(frame.PageDevY(290), 0);
 
-TEST(PlotFrameTransform, PreviewWindowIsPixelsWithYDownFromThePaintBox) {
-    PlotBench bench;
-    PlotFrame& frame = bench.frame;
+    // Preview window: pixels, y down from the paint box's height.
     frame.Surface = PlotSurface::PreviewWindow;
+    frame.Scale = 1;
+    frame.UnitFactor = 1;
     frame.PaintBoxHeight = 600;
     frame.MmPerUnitX = 0.5;
     frame.MmPerUnitY = 0.5;
-    frame.OriginX1 = 10;
     frame.OriginX2 = 2;
-    frame.OriginY1 = 20;
     frame.OriginY2 = 4;
-
     EXPECT_EQ(frame.DevX(10), 44);
     EXPECT_EQ(frame.DevY(10), 532);
-    EXPECT_LT(frame.DevY(20), frame.DevY(10));  // up on the page is up on the screen
-    EXPECT_EQ(frame.PageDevX(3), 10);
     EXPECT_EQ(frame.PageDevY(3), 586);
     EXPECT_EQ(frame.DevLen(3), 6);
-}
 
-TEST(PlotFrameTransform, ViewBoxTakesPageMillimetresAsTheyAre) {
-    PlotBench bench;
-    PlotFrame& frame = bench.frame;
+    // View box: page millimetres as they are, no offset in y.
     frame.Surface = PlotSurface::ViewBox;
     frame.PaintBoxHeight = 150;
-    frame.MmPerUnitX = 0.25;  // not used by the view box
-    frame.MmPerUnitY = 0.25;
     frame.Scale = 0.5;
     frame.OriginX1 = 40;
     frame.OriginX2 = 3;
     frame.OriginY1 = 30;
     frame.OriginY2 = 2;
-
     EXPECT_EQ(frame.DevX(20), 53);
     EXPECT_EQ(frame.DevY(20), 108);
-    EXPECT_EQ(frame.PageDevX(10), 13);
-    EXPECT_EQ(frame.PageDevY(10), 140);  // no offset in y
+    EXPECT_EQ(frame.PageDevY(10), 140);
     EXPECT_EQ(frame.DevLen(7), 7);
 }
 
-TEST(PlotFrameTransform, RoundsHalfWaysToEven) {
+TEST(PlotFrameTransform, RoundsHalfWaysToEvenOnEverySurface) {
     PlotBench bench;
     PlotFrame& frame = bench.frame;
     frame.MmPerUnitX = 1;
@@ -96,7 +78,6 @@ TEST(PlotFrameTransform, RoundsHalfWaysToEven) {
     EXPECT_EQ(frame.DevX(3.5), 4);
     EXPECT_EQ(frame.DevX(-2.5), -2);
     EXPECT_EQ(frame.DevX(2.5000001), 3);
-    EXPECT_EQ(frame.DevY(0.5), 0);
     EXPECT_EQ(frame.DevY(1.5), 2);
     EXPECT_EQ(frame.DevLen(0.5), 0);
 
@@ -104,18 +85,15 @@ TEST(PlotFrameTransform, RoundsHalfWaysToEven) {
     frame.PaintBoxHeight = 600;
     frame.MmPerUnitX = 0.5;
     frame.MmPerUnitY = 0.5;
-    EXPECT_EQ(frame.DevX(0.25), 0);        // 0.5
     EXPECT_EQ(frame.DevY(0.25), 600);      // 599.5
     EXPECT_EQ(frame.DevY(0.75), 598);      // 598.5
     EXPECT_EQ(frame.PageDevY(1.25), 598);  // 597.5
-    EXPECT_EQ(frame.DevLen(1.25), 2);
     EXPECT_EQ(frame.DevLen(1.75), 4);
 
     frame.Surface = PlotSurface::ViewBox;
     frame.PaintBoxHeight = 100;
     EXPECT_EQ(frame.DevY(0.5), 100);
     EXPECT_EQ(frame.PageDevX(1.5), 2);
-    EXPECT_EQ(frame.DevLen(2.5), 2);
 }
 
 TEST(PlotFrameTransform, CoordinatesBeyondThirtyTwoBitsAreRangeErrors) {
@@ -126,7 +104,6 @@ TEST(PlotFrameTransform, CoordinatesBeyondThirtyTwoBitsAreRangeErrors) {
     EXPECT_EQ(frame.DevX(2147483647.0), 2147483647);
     EXPECT_EQ(frame.DevX(-2147483648.4), -2147483647 - 1);
     EXPECT_THROW(frame.DevX(2147483647.6), RangeError);
-    EXPECT_THROW(frame.DevY(-3e9), RangeError);
     EXPECT_THROW(frame.DevLen(1e300), RangeError);
     EXPECT_THROW(frame.LineTo(0, 1e12), RangeError);
 }
@@ -156,7 +133,6 @@ TEST(PlotFramePens, RowZeroFillsEveryGapAndLaterRowsOfTheSameLayerAreConsulted) 
 
     rows[0].colour[kPenText] = kNotPlotted;
     EXPECT_EQ(frame.PenFor(kPenText, 7), kNotPlotted);
-    EXPECT_EQ(frame.PenFor(kPenReserved, 7), kPenReserved);
     EXPECT_THROW(frame.PenFor(0, 1), RangeError);
     EXPECT_THROW(frame.PenFor(12, 1), RangeError);
 }
@@ -166,8 +142,6 @@ TEST(PlotFramePens, PenWidthNeverGoesBelowTheMinimumLineWidth) {
     bench.settings.MinLineWidth = 0.2;
     bench.frame.SetPenWidth(0.1);
     EXPECT_EQ(bench.canvas.PenWidth(), 20);
-    bench.frame.SetPenWidth(0.2);
-    EXPECT_EQ(bench.canvas.PenWidth(), 20);
     bench.frame.SetPenWidth(0.35);
     EXPECT_EQ(bench.canvas.PenWidth(), 35);
     bench.frame.SetColour(0x0000FF);
@@ -175,96 +149,60 @@ TEST(PlotFramePens, PenWidthNeverGoesBelowTheMinimumLineWidth) {
     EXPECT_EQ(bench.canvas.TextColour(), 0x0000FF);
 }
 
-TEST(PlotFramePolygon, UnsetEntriesRepeatTheFirstPointAndCloseTheOutline) {
+TEST(PlotFramePolygon, AlwaysA1024PointBufferPaddedWithTheFirstPoint) {
     PlotBench bench;
     bench.frame.SetColour(0x00FF00);
     bench.frame.SetPenWidth(0.5);
     bench.canvas.SetFillColour(0x0000FF);
-    bench.frame.AddPolygonPoint(1, 1, 2);
-    bench.frame.AddPolygonPoint(2, 3, 2);
-    bench.frame.AddPolygonPoint(3, 3, 5);
-    bench.frame.FillPolygon();
-
-    ASSERT_EQ(bench.canvas.Lines().size(), 1u);
-    const std::string& line = bench.canvas.Lines()[0];
-    EXPECT_NE(line.find(" pen=00FF00/1/solid fill=00FF00/solid"), std::string::npos) << line;
-    const std::vector<DevicePoint> points = PolygonPoints(line);
-    ASSERT_EQ(points.size(), 1024u);
-    EXPECT_EQ(points[0], (DevicePoint{100, 200}));
-    EXPECT_EQ(points[1], (DevicePoint{300, 200}));
-    EXPECT_EQ(points[2], (DevicePoint{300, 500}));
-    for (std::size_t i = 3; i < points.size(); ++i) {
-        ASSERT_EQ(points[i], points[0]) << i;
-    }
-    // The fill colour comes back; the one-unit border stays.
-    EXPECT_EQ(bench.canvas.FillColour(), 0x0000FF);
-    EXPECT_EQ(bench.canvas.PenWidth(), 1);
-}
-
-TEST(PlotFramePolygon, KeepsTheFirst1024CornersAndStartsAfreshAtPointOne) {
-    PlotBench bench;
     for (int n = 1; n <= 1030; ++n) {
         bench.frame.AddPolygonPoint(n, n, -n);
     }
     bench.frame.FillPolygon();
-    std::vector<DevicePoint> points = PolygonPoints(bench.canvas.Lines().at(0));
+    const std::string& line = bench.canvas.Lines().at(0);
+    EXPECT_NE(line.find(" pen=00FF00/1/solid fill=00FF00/solid"), std::string::npos) << line;
+    std::vector<DevicePoint> points = PolygonPoints(line);
     ASSERT_EQ(points.size(), 1024u);
     EXPECT_EQ(points[1023], (DevicePoint{102400, -102400}));
+    // The fill colour comes back; the one-unit border stays.
+    EXPECT_EQ(bench.canvas.FillColour(), 0x0000FF);
+    EXPECT_EQ(bench.canvas.PenWidth(), 1);
 
+    // Point one starts afresh: nothing of the long polygon is left.
     bench.frame.AddPolygonPoint(1, 7, 7);
     bench.frame.AddPolygonPoint(2, 8, 8);
     bench.frame.FillPolygon();
     points = PolygonPoints(bench.canvas.Lines().at(1));
+    ASSERT_EQ(points.size(), 1024u);
     EXPECT_EQ(points[1], (DevicePoint{800, 800}));
-    EXPECT_EQ(points[2], (DevicePoint{700, 700}));  // nothing left of the long polygon
-    EXPECT_EQ(points[1023], (DevicePoint{700, 700}));
+    for (std::size_t i = 2; i < points.size(); ++i) {
+        ASSERT_EQ(points[i], (DevicePoint{700, 700})) << i;
+    }
     EXPECT_THROW(bench.frame.AddPolygonPoint(0, 1, 1), RangeError);
 }
 
-TEST(PlotFramePrimitives, CircleIsTwoHalfArcsAndRestoresThePenWidth) {
-    PlotBench bench;
-    bench.frame.SetPenWidth(0.5);
-    bench.frame.Circle(10, 20, 5, 0.3);
-    EXPECT_EQ(bench.canvas.Lines(),
-              (std::vector<std::string>{
-                  "arc 500 1500 1500 2500 1500 2500 500 1500 pen=000000/30/solid",
-                  "arc 500 1500 1500 2500 500 1500 1500 2500 pen=000000/30/solid"}));
-    EXPECT_EQ(bench.canvas.PenWidth(), 50);
-}
-
-TEST(PlotFramePrimitives, FilledCircleIsARoundedBoxInThePenColour) {
-    PlotBench bench;
-    bench.frame.Scale = 2;
-    bench.frame.UnitFactor = 0.5;
-    bench.frame.SetColour(0x0000FF);
-    bench.frame.SetPenWidth(0.5);
-    bench.canvas.SetFillColour(0x00FF00);
-    bench.frame.FilledCircle(-5, -5, 5, 5, 10);
-    // Corner size 10 units = 10 mm at this scale and unit factor.
-    EXPECT_EQ(bench.canvas.Lines(),
-              (std::vector<std::string>{
-                  "roundrect -500 -500 500 500 1000 1000 pen=0000FF/1/solid fill=0000FF/solid"}));
-    EXPECT_EQ(bench.canvas.FillColour(), 0x00FF00);
-    EXPECT_EQ(bench.canvas.PenWidth(), 1);
-}
-
-TEST(PlotFramePrimitives, PageTextPutsTheLowerEdgeOfTheLineAtY) {
+TEST(PlotFramePrimitives, CirclesAndPageTexts) {
     PlotBench bench;
     PlotFrame& frame = bench.frame;
-    frame.OriginX1 = 50;  // page primitives ignore the first offsets and the scale
-    frame.OriginY1 = 50;
-    frame.Scale = 4;
+    frame.SetPenWidth(0.5);
+    frame.Circle(10, 20, 5, 0.3);
+    EXPECT_EQ(bench.canvas.PenWidth(), 50);
+    frame.Scale = 2;
+    frame.UnitFactor = 0.5;
+    frame.SetColour(0x0000FF);
+    bench.canvas.SetFillColour(0x00FF00);
+    frame.FilledCircle(-5, -5, 5, 5, 10);
+    EXPECT_EQ(bench.canvas.FillColour(), 0x00FF00);
+    // Page primitives ignore the first offsets and the scale; a text's lower edge is at y.
+    frame.OriginX1 = 50;
     frame.OriginX2 = 5;
     frame.OriginY2 = 7;
     frame.PageHeight = 297;
-    frame.SetColour(0x00FF00);
     frame.PageText("Hello \"you\"", 3.0, 10, 3, "Arial");
-    frame.PageMoveTo(0, 290);
-    frame.PageLineTo(100, 290);
-    EXPECT_EQ(
-        bench.canvas.Lines(),
-        (std::vector<std::string>{R"(text 800 -27700 300 "Arial" "Hello \"you\"" colour=00FF00)",
-                                  "move 500 0", "line 10500 0 pen=00FF00/0/solid"}));
+    EXPECT_EQ(bench.canvas.Lines(),
+              (Lines{"arc 500 1500 1500 2500 1500 2500 500 1500 pen=000000/30/solid",
+                     "arc 500 1500 1500 2500 500 1500 1500 2500 pen=000000/30/solid",
+                     "roundrect -500 -500 500 500 1000 1000 pen=0000FF/1/solid fill=0000FF/solid",
+                     R"(text 800 -27700 300 "Arial" "Hello \"you\"" colour=0000FF)"}));
 }
 
 }  // namespace

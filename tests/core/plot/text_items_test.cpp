@@ -80,7 +80,7 @@ TEST(DrawTextItems, OrdinaryTextsAreTrimmedAndDrawnWithTheTextPenOfTheirLayer) {
     EXPECT_EQ(result.nameSlot, "");
 }
 
-TEST(DrawTextItems, LineWidthAndPositionsFollowUnitFactorAndScale) {
+TEST(DrawTextItems, WidthsFollowTheScaleUnplottedLayersAreSkippedAndDollarLinesKept) {
     PlotBench bench;
     bench.frame.UnitFactor = 0.0254;
     bench.frame.Scale = 2;
@@ -88,23 +88,20 @@ TEST(DrawTextItems, LineWidthAndPositionsFollowUnitFactorAndScale) {
                   TextItemsPage{});
     // 4 mils at 2:1 is 0.2032 mm; the 10 mil line is 0.508 mm wide.
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 0 0", "line 20 0 pen=000004/51/solid"}));
-}
 
-TEST(DrawTextItems, ATextLayerWithoutPlottedPenIsSkipped) {
-    PlotBench bench;
-    bench.settings.PenTable[0].colour[kPenText] = kNotPlotted;
-    bench.canvas.SetPenColour(0x777777);
-    DrawTextItems(bench.frame, TextRecord({{"1 2 0 3 30.4 0.1 N", "AA"}}), TinyFont(),
+    PlotBench unplotted;
+    unplotted.settings.PenTable[0].colour[kPenText] = kNotPlotted;
+    unplotted.canvas.SetPenColour(0x777777);
+    DrawTextItems(unplotted.frame, TextRecord({{"1 2 0 3 30.4 0.1 N", "AA"}}), TinyFont(),
                   ListingPage());
-    EXPECT_TRUE(bench.canvas.Lines().empty());
-    EXPECT_EQ(bench.canvas.PenColour(), 0x777777);
-}
+    EXPECT_TRUE(unplotted.canvas.Lines().empty());
+    EXPECT_EQ(unplotted.canvas.PenColour(), 0x777777);
 
-TEST(DrawTextItems, DollarLinesAreKeptForTheTitleBlockAndNotDrawn) {
-    PlotBench bench;
+    // The height for the title block is not drawn.
+    PlotBench dollar;
     const TextItemsResult result = DrawTextItems(
-        bench.frame, TextRecord({{"1 2 0 1 30.4 0.1 N", "$ 12.5 mm"}}), TinyFont(), ListingPage());
-    EXPECT_TRUE(bench.canvas.Lines().empty());
+        dollar.frame, TextRecord({{"1 2 0 1 30.4 0.1 N", "$ 12.5 mm"}}), TinyFont(), ListingPage());
+    EXPECT_TRUE(dollar.canvas.Lines().empty());
     EXPECT_EQ(result.nameSlot, "$");
     EXPECT_EQ(result.labelValue, 12.5);
 }
@@ -134,8 +131,8 @@ TEST(DrawTextItems, CommentLinesAreListedOnTheDecalPageWithTheirSeparator) {
     EXPECT_EQ(result.nameSlot, "@@1abcdefghijklm");
 }
 
-TEST(DrawTextItems, CommentsOutsideAListingAreNotDrawnAtAll) {
-    const DecalRecord record = TextRecord({{"0 0 0 30 30.4 0.1 N", "@@1 Comment"}});
+TEST(DrawTextItems, CommentsOutsideAListingAreNotDrawnAtAllAndNeedTheirPens) {
+    const DecalRecord record = TextRecord({{"0 0 0 30 30.4 0.1 N", "@@2 Comment"}});
     TextItemsPage indexPage = ListingPage();
     indexPage.decalRun = false;
     TextItemsPage optionOff = ListingPage();
@@ -145,22 +142,18 @@ TEST(DrawTextItems, CommentsOutsideAListingAreNotDrawnAtAll) {
         const TextItemsResult result = DrawTextItems(bench.frame, record, TinyFont(), page);
         EXPECT_TRUE(bench.canvas.Lines().empty());
         EXPECT_EQ(result.largestComment, 0);
-        EXPECT_EQ(result.nameSlot, "");
     }
     PlotBench noFormText;
     noFormText.settings.PenTable[0].colour[kPenFormText] = kNotPlotted;
     DrawTextItems(noFormText.frame, record, TinyFont(), ListingPage());
     EXPECT_TRUE(noFormText.canvas.Lines().empty());
-}
-
-TEST(DrawTextItems, NoSeparatorWithoutAPlottedFormLinePen) {
-    PlotBench bench;
-    bench.settings.PenTable[0].colour[kPenFormLine] = kNotPlotted;
+    // No separator without a form-line pen.
+    PlotBench noFormLine;
+    noFormLine.settings.PenTable[0].colour[kPenFormLine] = kNotPlotted;
     const TextItemsResult result =
-        DrawTextItems(bench.frame, TextRecord({{"0 0 0 30 30.4 0.1 N", "@@2 Comment"}}), TinyFont(),
-                      ListingPage());
-    ASSERT_EQ(bench.canvas.Lines().size(), 1u);
-    EXPECT_TRUE(bench.canvas.Lines()[0].starts_with("text "));
+        DrawTextItems(noFormLine.frame, record, TinyFont(), ListingPage());
+    ASSERT_EQ(noFormLine.canvas.Lines().size(), 1u);
+    EXPECT_TRUE(noFormLine.canvas.Lines()[0].starts_with("text "));
     EXPECT_EQ(result.largestComment, 2);
 }
 
@@ -175,13 +168,6 @@ TEST(DrawTextItems, NewerFilesTakeTheTextFromTheLastLineOfEachRecord) {
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 100 200", "line -300 200 pen=000004/10/solid"}));
     EXPECT_EQ(result.nameSlot, "$");
     EXPECT_EQ(result.labelValue, 7.5);
-
-    // V5.0 PCB files have two lines per text.
-    DecalRecord v5 = MakeRecord({"1 2 0 1 30.4 0.1 N LEFT DOWN", "A"}, 0, 1, 0);
-    v5.header = AnalyseHeader("!PADS-POWERPCB-V5.0-MILS!");
-    PlotBench old;
-    DrawTextItems(old.frame, v5, TinyFont(), ListingPage());
-    EXPECT_EQ(old.canvas.Lines(), (Lines{"move 100 200", "line 500 200 pen=000004/10/solid"}));
 
     // Libraries after version 4 mark a mirrored text with 1 and quote the font on the line.
     DecalRecord library =
