@@ -14,7 +14,6 @@
 
 #include "common/errors.h"
 #include "library/pad_stacks.h"
-#include "library/words.h"
 #include "support/test_support.h"
 
 namespace zantor {
@@ -51,12 +50,9 @@ std::string ReadBytes(const std::filesystem::path& file) {
 std::string WithLineEnds(const std::string& text, const std::string& end) {
     std::string result;
     for (char c : text) {
-        if (c == '\r') {
-            continue;
-        }
         if (c == '\n') {
             result += end;
-        } else {
+        } else if (c != '\r') {
             result += c;
         }
     }
@@ -115,11 +111,6 @@ Texts Stacks(const DecalRecord& record) {
         texts.push_back(out.str());
     }
     return texts;
-}
-
-std::string FirstWord(const std::string& line) {
-    std::string_view rest = line;
-    return std::string(TakeWord(rest));
 }
 
 TEST(DecalReader, EveryFixtureRecordIsFramedByItsDialect) {
@@ -452,14 +443,6 @@ TEST(SampleLibrary, EveryRecordEndsExactlyWhereItsCountsSay) {
     while (reader.NextRecord(record)) {
         SCOPED_TRACE(record.name);
         names.push_back(record.name);
-        if (record.name == "SO8") {
-            EXPECT_DOUBLE_EQ(record.unitFactor, 1.0);
-            EXPECT_EQ(record.lines[record.firstStack + 1], "-2 0.6 RF 90 1.55 0");
-        } else if (record.name == "TO220") {
-            // The slot: plated, 35 mil wide, 55 mil long, along the finger pads.
-            EXPECT_DOUBLE_EQ(record.unitFactor, 0.0254);
-            EXPECT_EQ(record.lines[record.firstStack], "PAD 0 3 P 35 0 55 0");
-        }
         EXPECT_EQ(record.endOfStacks, record.lines.size());
         EXPECT_EQ(record.firstPiece, record.counts.attributes + 2u * record.counts.labels);
         EXPECT_EQ(record.firstTerminal - record.firstText, 2u * record.counts.texts);
@@ -467,10 +450,10 @@ TEST(SampleLibrary, EveryRecordEndsExactlyWhereItsCountsSay) {
         for (std::size_t i = record.firstTerminal; i < record.firstStack; ++i) {
             EXPECT_EQ(record.lines[i].front(), 'T') << record.lines[i];
         }
-        EXPECT_EQ(FirstWord(record.lines[record.firstStack]), "PAD");
+        EXPECT_TRUE(record.lines[record.firstStack].starts_with("PAD "));
         if (record.counts.pieces > 0) {
-            const std::string keyword = FirstWord(record.lines[record.firstPiece]);
-            EXPECT_TRUE(keyword == "OPEN" || keyword == "CLOSED") << keyword;
+            const std::string& piece = record.lines[record.firstPiece];
+            EXPECT_TRUE(piece.starts_with("OPEN ") || piece.starts_with("CLOSED ")) << piece;
         }
         // Every body line holds only whole words of numbers or keywords: none was cut.
         for (const std::string& line : record.lines) {
