@@ -1,9 +1,10 @@
 #pragma once
 
-// Shared by the print job tests: a GUI application for fonts, and what poppler's tools say about
-// a PDF file.
+// Shared by the print job tests: a GUI application for fonts, what poppler's tools say about a
+// PDF file, and where a picture has ink.
 
 #include <QGuiApplication>
+#include <QImage>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -79,6 +80,25 @@ inline std::string PdfPageText(const std::filesystem::path& file, int page) {
     return RunTool("pdftotext",
                    {"-f", number, "-l", number, QString::fromStdString(file.string()), "-"})
         .value_or("");
+}
+
+// The pixels of `area` that are not white, and the rectangle round them.
+struct Ink {
+    int count = 0;
+    QRect bounds;
+};
+
+inline Ink InkIn(const QImage& image, const QRect& area) {
+    Ink ink;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (image.valid(x, y) && image.pixel(x, y) != qRgb(255, 255, 255)) {
+                ++ink.count;
+                ink.bounds |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
 }
 
 }  // namespace zantor::test

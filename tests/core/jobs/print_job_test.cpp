@@ -9,7 +9,6 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -18,10 +17,12 @@
 
 #include "core/jobs/jobs_test_support.h"
 #include "font/font_location.h"
+#include "jobs/output_targets.h"
 #include "jobs/pdf_target.h"
 #include "jobs/screen_pages.h"
 #include "jobs/trace_target.h"
 #include "library/decal_reader.h"
+#include "plot/title_block.h"
 #include "support/test_support.h"
 
 namespace zantor {
@@ -80,22 +81,6 @@ bool HasText(const std::string& page, const std::string& text) {
     return page.find("\"" + text + "\"") != std::string::npos;
 }
 
-// The decal names of the title blocks, page by page.
-std::vector<std::string> DecalsOnPages(const std::filesystem::path& trace,
-                                       const std::vector<std::string>& candidates) {
-    std::vector<std::string> names;
-    for (const std::string& page : TracePages(trace)) {
-        std::string found;
-        for (const std::string& name : candidates) {
-            if (HasText(page, name)) {
-                found = name;
-            }
-        }
-        names.push_back(found);
-    }
-    return names;
-}
-
 class RecordedProgress : public PrintProgress {
   public:
     void Started(int total) override { events.push_back("started " + std::to_string(total)); }
@@ -147,7 +132,7 @@ TEST(PrintJobScales, AWholeRunDrawsEveryDecalAtItsWholeScale) {
     EXPECT_TRUE(command.messages.Entries().empty());
 }
 
-TEST(PrintJobPages, OnePdfPagePerDecalAndNoneAfterTheLast) {
+TEST(PrintJobPages, TheSampleLibraryIsOneWholePagePerDecal) {
     test::TempDir dir;
     Command command(SampleLibrary());
     const auto pdf = dir.Path() / "sample.pdf";
@@ -163,7 +148,6 @@ TEST(PrintJobPages, OnePdfPagePerDecalAndNoneAfterTheLast) {
     EXPECT_NEAR(info->widthPoints, 595.3, 1);
     EXPECT_NEAR(info->heightPoints, 841.9, 1);
     EXPECT_EQ(info->title, "Zantor");
-    // The title block's texts are text in the PDF.
     const std::string third = test::PdfPageText(pdf, 3);
     for (const char* text : {"DECAL:", "R0603", "LIBRARY:", "sample", "SCALE:", "22.11.2026"}) {
         EXPECT_NE(third.find(text), std::string::npos) << text << " in\n" << third;
@@ -171,6 +155,27 @@ TEST(PrintJobPages, OnePdfPagePerDecalAndNoneAfterTheLast) {
     EXPECT_EQ(progress.events.front(), "started 6");
     EXPECT_EQ(progress.events.back(), "finished Printing completed.");
     EXPECT_EQ(progress.events.size(), 2u + 2 * 6);
+
+    // As pictures: a decal drawn in every frame, the title block filled, the margin white.
+    const auto png = MakeOutputTarget({"", dir.Path() / "page.png", PaperSize::A4, false});
+    EXPECT_EQ(command.Print(*png, kSampleDecals).printed, 6);
+    ASSERT_EQ(png->WrittenFiles().size(), 6u);
+    const PageGeometry page =
+        PageGeometryOf(PaperAreaOf(png->Page()), MarginsOf(command.context.PlotSettings));
+    const auto dots = [](double mm) { return static_cast<int>(mm * 300 / 25.4); };
+    const int frameBottom = dots(297 - page.bottom);
+    const QRect drawing(
+        QPoint(dots(page.left + 5), dots(297 - page.bottom - page.usableHeight + 5)),
+        QPoint(dots(page.left + page.usableWidth - 5), dots(297 - page.bottom - 100)));
+    const QRect title(QPoint(dots(page.left + 2), frameBottom - dots(kTitleBlockHeight - 2)),
+                      QPoint(dots(page.left + page.usableWidth - 2), frameBottom - dots(2)));
+    for (const auto& file : png->WrittenFiles()) {
+        const QImage image(PathText(file));
+        ASSERT_EQ(image.size(), QSize(2480, 3508)) << file;
+        EXPECT_GT(test::InkIn(image, drawing).count, 2000) << file;
+        EXPECT_GT(test::InkIn(image, title).count, 5000) << file;
+        EXPECT_EQ(test::InkIn(image, QRect(0, 0, dots(page.left - 1), 3508)).count, 0) << file;
+    }
     EXPECT_TRUE(command.messages.Entries().empty());
 }
 
@@ -185,20 +190,20 @@ TEST(PrintJobPages, NamesNotFoundPrintNothingAndLeaveNoEmptyPage) {
     const PrintSummary summary = command.Print(target, {"SO8", "DIP8", "TO220"}, &progress);
     EXPECT_EQ(summary.printed, 1);
     EXPECT_EQ(summary.notFound, (std::vector<std::string>{"DIP8", "TO220"}));
-    EXPECT_EQ(DecalsOnPages(trace, kSampleDecals), (std::vector<std::string>{"SO8"}));
+    ASSERT_EQ(TracePages(trace).size(), 1u);
+    EXPECT_TRUE(HasText(TracePages(trace)[0], "SO8"));
     EXPECT_EQ(progress.events,
               (std::vector<std::string>{"started 3", "looking SO8", "position 1", "looking DIP8",
                                         "position 1", "looking TO220", "position 1",
                                         "finished Printing completed."}));
 
-    // In file order, with blanks around a name and a name the file lacks at the end.
+    // Blanks around a name do not count; a name the file lacks at the end adds no page.
     const auto ordered = dir.Path() / "ordered.trace";
     TraceTarget second(ordered, PaperSize::A4, DocumentFiles::Single);
-    const PrintSummary found = command.Print(second, {"SO8", "  TO220  ", "SOT223", "NOSUCH"});
-    EXPECT_EQ(found.printed, 3);
+    const PrintSummary found = command.Print(second, {"  TO220  ", "NOSUCH"});
+    EXPECT_EQ(found.printed, 1);
     EXPECT_EQ(found.notFound, std::vector<std::string>{"NOSUCH"});
-    EXPECT_EQ(DecalsOnPages(ordered, kSampleDecals),
-              (std::vector<std::string>{"SO8", "TO220", "SOT223"}));
+    EXPECT_EQ(TracePages(ordered).size(), 1u);
 
     // Nothing found: no document is begun, so no file is written.
     const auto none = dir.Path() / "none.pdf";
@@ -321,7 +326,6 @@ void PrintSearchingFromTheStart(Command& command, OutputTarget& target,
 
 TEST(PrintJobPcb, OnePassFindsWhatASearchFromTheStartFindsForEveryName) {
     test::TempDir dir;
-    const auto pcb = dir.WriteFile("board.asc", PcbFile(30));
     std::vector<std::string> names;
     for (int i = 30; i >= 1; i -= 3) {
         names.push_back("D" + std::to_string(i));
@@ -329,49 +333,38 @@ TEST(PrintJobPcb, OnePassFindsWhatASearchFromTheStartFindsForEveryName) {
     names.push_back("D30");  // twice
     names.push_back("U1");   // a part, not a decal, after the decals
     names.push_back("NONE");
-    for (PlotKind kind : {PlotKind::Decal, PlotKind::Index}) {
-        Command command(pcb, kind);
+    const auto board = dir.WriteFile("board.asc", PcbFile(30));
+    const auto v3 = test::DataDir() / "library" / "v3_pcb.asc";
+    const std::vector<std::string> v3Names = {"CAP200", "RES400", "CAP200", "RES"};
+    // "U1 D3" of the parts is read as a decal too: a search tests every line.
+    struct Case {
+        std::filesystem::path file;
+        const std::vector<std::string>& names;
+        PlotKind kind;
+        int printed;
+    };
+    for (const Case& c :
+         {Case{board, names, PlotKind::Decal, 12}, Case{board, names, PlotKind::Index, 12},
+          Case{v3, v3Names, PlotKind::Decal, 4}}) {
+        Command command(c.file, c.kind);
         const auto once = dir.Path() / "once.trace";
         const auto restarted = dir.Path() / "restarted.trace";
         {
             TraceTarget target(once, PaperSize::A4, DocumentFiles::Single);
-            const PrintSummary summary = command.Print(target, names);
-            EXPECT_EQ(summary.printed, 12);
-            EXPECT_EQ(summary.notFound, std::vector<std::string>{"NONE"});
+            EXPECT_EQ(command.Print(target, c.names).printed, c.printed) << c.file;
         }
         {
             TraceTarget target(restarted, PaperSize::A4, DocumentFiles::Single);
-            PrintSearchingFromTheStart(command, target, names);
+            PrintSearchingFromTheStart(command, target, c.names);
         }
         const std::string traced = FileText(once);
-        EXPECT_GT(traced.size(), 1000u);
-        EXPECT_EQ(traced, FileText(restarted)) << "kind " << static_cast<int>(kind);
-        if (kind == PlotKind::Decal) {
-            // "U1 D3" of the parts is read as a decal too: a search tests every line.
-            EXPECT_EQ(TracePages(once).size(), 12u);
-            EXPECT_TRUE(HasText(TracePages(once).front(), "D30"));
-            EXPECT_TRUE(HasText(TracePages(once).front(), "PCB:"));
+        EXPECT_GT(traced.size(), 1000u) << c.file;
+        EXPECT_EQ(traced, FileText(restarted)) << c.file << " kind " << static_cast<int>(c.kind);
+        if (c.kind == PlotKind::Decal) {
+            EXPECT_EQ(TracePages(once).size(), static_cast<std::size_t>(c.printed)) << c.file;
+            EXPECT_TRUE(HasText(TracePages(once).front(), "PCB:")) << c.file;
         }
     }
-}
-
-TEST(PrintJobPcb, TheV3FixtureIsPrintedAsSearchedFromTheStart) {
-    test::TempDir dir;
-    const auto pcb = test::DataDir() / "library" / "v3_pcb.asc";
-    const std::vector<std::string> names = {"CAP200", "RES400", "CAP200", "RES"};
-    Command command(pcb);
-    const auto once = dir.Path() / "once.trace";
-    const auto restarted = dir.Path() / "restarted.trace";
-    {
-        TraceTarget target(once, PaperSize::A4, DocumentFiles::Single);
-        command.Print(target, names);
-    }
-    {
-        TraceTarget target(restarted, PaperSize::A4, DocumentFiles::Single);
-        PrintSearchingFromTheStart(command, target, names);
-    }
-    EXPECT_EQ(FileText(once), FileText(restarted));
-    EXPECT_EQ(TracePages(once).size(), 4u);
 }
 
 TEST(PrintJobIndex, DecalsFillTheCellsOfAsManyPagesAsTheyNeed) {
@@ -406,34 +399,46 @@ TEST(PrintJobIndex, DecalsFillTheCellsOfAsManyPagesAsTheyNeed) {
     EXPECT_EQ(test::ReadPdfInfo(pdf).value_or(test::PdfInfo{}).pages, 1);
 }
 
-// Set ZANTOR_RENDER_OUT to a folder to keep the pictures and look at them.
-void Keep(const QImage& image, const std::string& name) {
-    if (const char* out = std::getenv("ZANTOR_RENDER_OUT")) {
-        std::filesystem::create_directories(out);
-        image.save(QString::fromStdString((std::filesystem::path(out) / name).string()));
-    }
-}
-
-int InkCount(const QImage& image, const QRect& area) {
-    int count = 0;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
-            count += image.valid(x, y) && image.pixel(x, y) != qRgb(255, 255, 255) ? 1 : 0;
-        }
-    }
-    return count;
-}
-
-QRect InkBounds(const QImage& image, const QRect& area) {
-    QRect bounds;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
-            if (image.pixel(x, y) != qRgb(255, 255, 255)) {
-                bounds |= QRect(x, y, 1, 1);
+// The left edge of each page's frame: the first corner of the frame rectangle, which starts at
+// its bottom-left corner and runs along the bottom.
+std::vector<std::string> FrameCorners(const std::filesystem::path& trace) {
+    std::vector<std::string> corners;
+    for (const std::string& page : TracePages(trace)) {
+        std::istringstream in(page);
+        std::string line, next;
+        std::getline(in, line);
+        while (std::getline(in, next)) {
+            if (line.starts_with("move ") && line.ends_with(" -28800") &&
+                next.starts_with("line ") && next.find(" -28800 ") != std::string::npos) {
+                corners.push_back(line);
+                break;
             }
+            line = next;
         }
     }
-    return bounds;
+    return corners;
+}
+
+TEST(PrintJobIndex, MirrorMarginsBindEvenPagesOnTheRight) {
+    test::TempDir dir;
+    Command command(dir.WriteFile("board.asc", PcbFile(5)), PlotKind::Index);
+    command.context.PlotSettings.Columns = 2;
+    command.context.PlotSettings.PartsEachColumn = 1;
+    const std::vector<std::string> names = {"D1", "D2", "D3", "D4", "D5"};
+    for (bool mirror : {true, false}) {
+        command.context.PlotSettings.MirrorMargin = mirror;
+        const auto trace = dir.Path() / "mirror.trace";
+        {
+            TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+            command.Print(target, names);
+        }
+        // The left margin of 12 mm; the right margin of 6 mm on the binding side of even pages.
+        EXPECT_EQ(FrameCorners(trace),
+                  (std::vector<std::string>{"move 1200 -28800",
+                                            mirror ? "move 600 -28800" : "move 1200 -28800",
+                                            "move 1200 -28800"}))
+            << "mirror " << mirror;
+    }
 }
 
 TEST(ScreenPictures, TheViewBoxShowsTheOneSelectedDecalFittedAndCentred) {
@@ -443,28 +448,23 @@ TEST(ScreenPictures, TheViewBoxShowsTheOneSelectedDecalFittedAndCentred) {
     EXPECT_EQ(ViewBoxGeometry(box).usableHeight, 281);
     QImage image(box.width, box.height, QImage::Format_RGB32);
     const QRect inside(2, 2, box.width - 4, box.height - 4);
-    for (const auto& selection :
-         {std::vector<std::string>{"DIP8"}, std::vector<std::string>{"DIP8", "SO8"}}) {
+    const auto paint = [&](const std::vector<std::string>& selection) {
         image.fill(Qt::gray);
-        {
-            QPainter painter(&image);
-            PaintViewBox(painter, box, command.context, selection, command.messages);
-        }
-        EXPECT_EQ(command.context.OutputTarget, PlotSurface::ViewBox);
+        QPainter painter(&image);
+        PaintViewBox(painter, box, command.context, selection, command.messages);
+        painter.end();
         EXPECT_EQ(image.pixel(0, 0), qRgb(0, 0, 0));
         EXPECT_EQ(image.pixel(1, 1), qRgb(255, 255, 255));
-        if (selection.size() > 1) {
-            EXPECT_EQ(InkCount(image, inside), 0);
-            continue;
-        }
-        Keep(image, "view-box.png");
-        EXPECT_GT(InkCount(image, inside), 1000);
-        // DIP8's terminals stand 300 mils apart: 7.62 mm at MaxScale 10 is 76 box units; the
-        // pads add 60 mils (15 units) to the ink.
-        const QRect ink = InkBounds(image, inside);
-        EXPECT_NEAR(ink.width(), 76 + 15, 4);
-        EXPECT_NEAR(ink.center().x(), 10 + 197 / 2.0, 3);
-    }
+        return test::InkIn(image, inside);
+    };
+    EXPECT_EQ(paint({"DIP8", "SO8"}).count, 0);
+    const test::Ink dip = paint({"DIP8"});
+    EXPECT_EQ(command.context.OutputTarget, PlotSurface::ViewBox);
+    // DIP8's terminals stand 300 mils apart: 7.62 mm at MaxScale 10 is 76 box units; the pads
+    // add 60 mils (15 units) to the ink.
+    EXPECT_NEAR(dip.bounds.width(), 76 + 15, 4);
+    EXPECT_NEAR(dip.bounds.center().x(), 10 + 197 / 2.0, 3);
+
     // A box of 7.62 x 10.795 mm fits the view box's width at 25.85: the decal job draws it at
     // 25, the index job fills the box.
     test::TempDir dir;
@@ -475,19 +475,11 @@ TEST(ScreenPictures, TheViewBoxShowsTheOneSelectedDecalFittedAndCentred) {
             .string();
     command.context.PlotSettings.MaxScale = 30;
     command.context.PlotSettings.PlotOrigins = false;  // the marker stands out of the corner
-    const auto boxInk = [&](PlotKind kind) {
-        command.context.PlotKind = kind;
-        image.fill(Qt::gray);
-        QPainter painter(&image);
-        PaintViewBox(painter, box, command.context, std::vector<std::string>{"BOX"},
-                     command.messages);
-        painter.end();
-        return InkBounds(image, inside);
-    };
-    const QRect whole = boxInk(PlotKind::Decal);
+    const QRect whole = paint({"BOX"}).bounds;
     EXPECT_NEAR(whole.width(), 7.62 * 25, 3);
     EXPECT_NEAR(whole.height(), 10.795 * 25, 3);
-    const QRect filled = boxInk(PlotKind::Index);
+    command.context.PlotKind = PlotKind::Index;
+    const QRect filled = paint({"BOX"}).bounds;
     EXPECT_NEAR(filled.width(), 197, 3);
     EXPECT_NEAR(filled.height(), 10.795 * 197 / 7.62, 3);
     EXPECT_NEAR(filled.center().y(), 301 / 2.0, 2);
@@ -509,7 +501,6 @@ TEST(ScreenPictures, ThePreviewShowsTheFirstDecalPageLaidOutLikePaper) {
         QPainter painter(&image);
         PaintPreview(painter, box, command.context, kSampleDecals, command.messages);
     }
-    Keep(image, "preview.png");
     EXPECT_EQ(command.context.OutputTarget, PlotSurface::PreviewWindow);
     EXPECT_STREQ(PreviewCaption(PlotKind::Decal), "Decalpage");
     EXPECT_STREQ(PreviewCaption(PlotKind::Index), "Indexpage");
@@ -517,9 +508,8 @@ TEST(ScreenPictures, ThePreviewShowsTheFirstDecalPageLaidOutLikePaper) {
     const auto inked = [&](int x, int y) { return image.pixel(x, y) != qRgb(255, 255, 255); };
     EXPECT_TRUE(inked(11, 250) || inked(12, 250));
     EXPECT_TRUE(inked(177, 491) || inked(177, 492));
-    EXPECT_EQ(InkCount(image, QRect(2, 2, 8, 496)), 0);  // the margin stays white
-    // One page only: the first decal's name in the title block, then the drawing.
-    EXPECT_GT(InkCount(image, QRect(20, 20, 320, 300)), 500);
+    EXPECT_EQ(test::InkIn(image, QRect(2, 2, 8, 496)).count, 0);  // the margin stays white
+    EXPECT_GT(test::InkIn(image, QRect(20, 20, 320, 300)).count, 500);
     EXPECT_TRUE(command.messages.Entries().empty());
 }
 
