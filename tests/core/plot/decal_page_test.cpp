@@ -284,14 +284,6 @@ TEST(DecalPage, CheckedAttributesAreListedAtTheTopAboveTheComments) {
                                  return line.starts_with("text-right 6800 2130 ") &&
                                         line.find("\"6.7mm\"") != std::string::npos;
                              }) != bench.canvas.Lines().end());
-
-    // Off: neither listed nor room taken from the comments.
-    PageBench off;
-    off.attributes = bench.attributes;
-    off.settings.PrintComm = true;
-    off.Draw(record);
-    EXPECT_FALSE(off.HasPart("Geometry.Height:"));
-    EXPECT_TRUE(off.Has(R"(text 300 26000 300 "Arial" "Keep clear" colour=000009)"));
 }
 
 TEST(DecalPage, HeightFromTheDollarLineInTheMeasurementUnit) {

@@ -11,7 +11,6 @@ namespace zantor {
 namespace {
 
 using test::PlotBench;
-using Lines = std::vector<std::string>;
 
 std::vector<DevicePoint> PolygonPoints(const std::string& line) {
     std::istringstream in(line);
@@ -178,31 +177,6 @@ TEST(PlotFramePolygon, AlwaysA1024PointBufferPaddedWithTheFirstPoint) {
         ASSERT_EQ(points[i], (DevicePoint{700, 700})) << i;
     }
     EXPECT_THROW(bench.frame.AddPolygonPoint(0, 1, 1), RangeError);
-}
-
-TEST(PlotFramePrimitives, CirclesAndPageTexts) {
-    PlotBench bench;
-    PlotFrame& frame = bench.frame;
-    frame.SetPenWidth(0.5);
-    frame.Circle(10, 20, 5, 0.3);
-    EXPECT_EQ(bench.canvas.PenWidth(), 50);
-    frame.Scale = 2;
-    frame.UnitFactor = 0.5;
-    frame.SetColour(0x0000FF);
-    bench.canvas.SetFillColour(0x00FF00);
-    frame.FilledCircle(-5, -5, 5, 5, 10);
-    EXPECT_EQ(bench.canvas.FillColour(), 0x00FF00);
-    // Page primitives ignore the first offsets and the scale; a text's lower edge is at y.
-    frame.OriginX1 = 50;
-    frame.OriginX2 = 5;
-    frame.OriginY2 = 7;
-    frame.PageHeight = 297;
-    frame.PageText("Hello \"you\"", 3.0, 10, 3, "Arial");
-    EXPECT_EQ(bench.canvas.Lines(),
-              (Lines{"arc 500 1500 1500 2500 1500 2500 500 1500 pen=000000/30/solid",
-                     "arc 500 1500 1500 2500 500 1500 1500 2500 pen=000000/30/solid",
-                     "roundrect -500 -500 500 500 1000 1000 pen=0000FF/1/solid fill=0000FF/solid",
-                     R"(text 800 -27700 300 "Arial" "Hello \"you\"" colour=0000FF)"}));
 }
 
 }  // namespace
