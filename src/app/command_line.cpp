@@ -77,6 +77,25 @@ void WriteHelp(std::ostream& out) {
 
 }  // namespace
 
+std::optional<std::string> SplitOption(const std::vector<std::string>& args, std::size_t& i,
+                                       std::string& option, std::optional<std::string>& value) {
+    option = args[i];
+    value.reset();
+    if (!option.starts_with("--")) {
+        return std::nullopt;
+    }
+    const std::size_t equals = option.find('=');
+    if (equals != std::string::npos) {
+        value = option.substr(equals + 1);
+        option.resize(equals);
+    } else if (i + 1 < args.size()) {
+        value = args[++i];
+    } else {
+        return option + " needs a value";
+    }
+    return std::nullopt;
+}
+
 int ReportUsageError(std::ostream& err, const std::string& problem) {
     err << "zantor: " << problem << '\n' << kUsage;
     return kExitUsage;

@@ -2,7 +2,9 @@
 
 // The command line of the zantor program: commands, usage and exit status.
 
+#include <cstddef>
 #include <exception>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -19,6 +21,12 @@ int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std:
 
 // For the commands: writes "zantor: " + `problem` and the usage hint to `err`; returns kExitUsage.
 int ReportUsageError(std::ostream& err, const std::string& problem);
+
+// Takes the option at args[i] apart: "--name=value", or "--name" followed by its value in the
+// next argument (i then moves past it). Anything not starting with "--" is left whole with no
+// value. Returns the problem when an option's value is missing.
+std::optional<std::string> SplitOption(const std::vector<std::string>& args, std::size_t& i,
+                                       std::string& option, std::optional<std::string>& value);
 // For the commands: writes the message of a failed operation to `err`; returns kExitFailure.
 int ReportFailure(std::ostream& err, const std::exception& error);
 

@@ -83,18 +83,10 @@ std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
                                           ListRequest& request) {
     bool haveFile = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string option = args[i];
+        std::string option;
         std::optional<std::string> value;
-        if (option.starts_with("--")) {
-            const std::size_t equals = option.find('=');
-            if (equals != std::string::npos) {
-                value = option.substr(equals + 1);
-                option.resize(equals);
-            } else if (i + 1 < args.size()) {
-                value = args[++i];
-            } else {
-                return option + " needs a value";
-            }
+        if (std::optional<std::string> problem = SplitOption(args, i, option, value)) {
+            return problem;
         }
         if (option == "--kind") {
             std::optional<PlotKind> kind = KindOf(*value);

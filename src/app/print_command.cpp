@@ -61,19 +61,12 @@ std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
                                           PrintRequest& request) {
     bool haveFile = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string option = args[i];
-        std::string value;
-        if (option.starts_with("--")) {
-            const std::size_t equals = option.find('=');
-            if (equals != std::string::npos) {
-                value = option.substr(equals + 1);
-                option.resize(equals);
-            } else if (i + 1 < args.size()) {
-                value = args[++i];
-            } else {
-                return option + " needs a value";
-            }
+        std::string option;
+        std::optional<std::string> givenValue;
+        if (std::optional<std::string> problem = SplitOption(args, i, option, givenValue)) {
+            return problem;
         }
+        const std::string value = givenValue.value_or("");
         if (option == "--kind") {
             if (value == "decal") {
                 request.kind = PlotKind::Decal;
