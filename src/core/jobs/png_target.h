@@ -6,14 +6,11 @@
 #include <QImage>
 #include <filesystem>
 
-#include "jobs/file_output.h"
-#include "jobs/output_target.h"
-#include "jobs/painter_page.h"
-#include "jobs/pending_files.h"
+#include "jobs/page_file_target.h"
 
 namespace zantor {
 
-class PngTarget final : public OutputTarget {
+class PngTarget final : public PageFileTarget {
   public:
     // Fine enough for 0.1 mm lines and small pin numbers; an A4 page is 2480 x 3508 pixels.
     static constexpr int kResolution = 300;
@@ -21,26 +18,14 @@ class PngTarget final : public OutputTarget {
     PngTarget(std::filesystem::path path, PaperSize paper);
     ~PngTarget() override;
 
-    PageMetrics Page() const override;
-    QPainter* Painter() override { return page_.Painter(); }
-
   protected:
-    void StartDocument() override;
-    void StartPage() override;
-    std::vector<std::filesystem::path> FinishDocument() override;
-    void DropDocument() noexcept override;
+    QPaintDevice& OpenDevice(const std::filesystem::path& temporary,
+                             const PageMetrics& metrics) override;
+    bool CloseDevice(const std::filesystem::path& temporary) override;
+    void ReleaseDevice() noexcept override { image_ = QImage(); }
 
   private:
-    void OpenPage();
-    void ClosePage();
-
-    std::filesystem::path path_;
-    PaperSize paper_;
-    std::filesystem::path current_;  // the final name of the open page
-    std::filesystem::path temporary_;
-    PendingFiles pending_;
     QImage image_;
-    PainterPage page_;
 };
 
 }  // namespace zantor

@@ -2,27 +2,19 @@
 
 #include <QRect>
 #include <QSize>
-
-#include "common/errors.h"
+#include <utility>
 
 namespace zantor {
 
 SvgTarget::SvgTarget(std::filesystem::path path, PaperSize paper)
-    : path_(std::move(path)), paper_(paper) {}
+    : PageFileTarget(std::move(path), paper, kResolution) {}
 
 SvgTarget::~SvgTarget() {
     DropUnfinished();
 }
 
-PageMetrics SvgTarget::Page() const {
-    return FilePageMetrics(paper_, kResolution);
-}
-
-void SvgTarget::OpenPage() {
-    // The page about to open is the next one of the job.
-    current_ = NumberedPath(path_, JobPages() + 1);
-    const std::filesystem::path temporary = pending_.Add(current_);
-    const PageMetrics metrics = Page();
+QPaintDevice& SvgTarget::OpenDevice(const std::filesystem::path& temporary,
+                                    const PageMetrics& metrics) {
     const QSize size(metrics.physicalWidth, metrics.physicalHeight);
     generator_ = std::make_unique<QSvgGenerator>();
     generator_->setFileName(PathText(temporary));
@@ -30,38 +22,7 @@ void SvgTarget::OpenPage() {
     generator_->setResolution(kResolution);
     generator_->setSize(size);
     generator_->setViewBox(QRect(QPoint(0, 0), size));
-    if (!page_.Begin(*generator_)) {
-        throw IoError("Cannot write the file", current_.string());
-    }
-    SetSurface(page_.Canvas());
-}
-
-void SvgTarget::ClosePage() {
-    const bool ended = page_.End();
-    generator_.reset();
-    if (!ended) {
-        throw IoError("Cannot write the file", current_.string());
-    }
-}
-
-void SvgTarget::StartDocument() {
-    OpenPage();
-}
-
-void SvgTarget::StartPage() {
-    ClosePage();
-    OpenPage();
-}
-
-std::vector<std::filesystem::path> SvgTarget::FinishDocument() {
-    ClosePage();
-    return pending_.Commit();
-}
-
-void SvgTarget::DropDocument() noexcept {
-    page_.End();
-    generator_.reset();
-    pending_.Discard();
+    return *generator_;
 }
 
 }  // namespace zantor

@@ -7,14 +7,11 @@
 #include <filesystem>
 #include <memory>
 
-#include "jobs/file_output.h"
-#include "jobs/output_target.h"
-#include "jobs/painter_page.h"
-#include "jobs/pending_files.h"
+#include "jobs/page_file_target.h"
 
 namespace zantor {
 
-class SvgTarget final : public OutputTarget {
+class SvgTarget final : public PageFileTarget {
   public:
     // 254 pixels per inch makes a pixel 0.1 mm, so every paper size is a whole number of them.
     static constexpr int kResolution = 254;
@@ -22,25 +19,15 @@ class SvgTarget final : public OutputTarget {
     SvgTarget(std::filesystem::path path, PaperSize paper);
     ~SvgTarget() override;
 
-    PageMetrics Page() const override;
-    QPainter* Painter() override { return page_.Painter(); }
-
   protected:
-    void StartDocument() override;
-    void StartPage() override;
-    std::vector<std::filesystem::path> FinishDocument() override;
-    void DropDocument() noexcept override;
+    QPaintDevice& OpenDevice(const std::filesystem::path& temporary,
+                             const PageMetrics& metrics) override;
+    // The generator writes its file when painting ends.
+    bool CloseDevice(const std::filesystem::path& /*temporary*/) override { return true; }
+    void ReleaseDevice() noexcept override { generator_.reset(); }
 
   private:
-    void OpenPage();
-    void ClosePage();
-
-    std::filesystem::path path_;
-    PaperSize paper_;
-    std::filesystem::path current_;  // the final name of the open page
-    PendingFiles pending_;
     std::unique_ptr<QSvgGenerator> generator_;
-    PainterPage page_;
 };
 
 }  // namespace zantor
