@@ -51,23 +51,6 @@ PageGeometry PageGeometryOf(const PaperArea& paper, const PageMargins& margins) 
     return page;
 }
 
-PaperArea PaperAreaOf(const QPageLayout& layout) {
-    const QRectF full = layout.fullRect(QPageLayout::Millimeter);
-    const QRectF paint = layout.paintRect(QPageLayout::Millimeter);
-    PaperArea paper;
-    paper.width = paint.width();
-    paper.height = paint.height();
-    paper.leftOffset = paint.left() - full.left();
-    paper.topOffset = paint.top() - full.top();
-    paper.rightOffset = full.width() - paper.width - paper.leftOffset;
-    paper.bottomOffset = full.height() - paper.height - paper.topOffset;
-    return paper;
-}
-
-PaperArea PaperAreaOf(const QPagedPaintDevice& device) {
-    return PaperAreaOf(device.pageLayout());
-}
-
 double WholeScale(double fit, double maxScale) {
     if (!(fit > 0)) {
         return 1.0;  // no room at all: nothing fits, so draw life size

@@ -4,25 +4,12 @@
 // are worked out here as plain functions of millimetres; a thin adapter reads them off a Qt
 // paged device (printer or PDF writer).
 
+#include "output/paper.h"
 #include "plot/extents.h"
 #include "plot/plot_frame.h"
 #include "shell/plot_settings.h"
 
-class QPageLayout;
-class QPagedPaintDevice;
-
 namespace zantor {
-
-// What the device says about its page, in millimetres: the printable area's size and how far
-// it stands in from each edge of the sheet (the unprintable offsets).
-struct PaperArea {
-    double width = 0;   // printable width
-    double height = 0;  // printable height
-    double leftOffset = 0;
-    double topOffset = 0;
-    double rightOffset = 0;
-    double bottomOffset = 0;
-};
 
 // The margins the user asked for, from the sheet's edges (LeftMargin ... in the settings).
 struct PageMargins {
@@ -48,11 +35,6 @@ struct PageGeometry {
 // A margin counts only beyond the unprintable offset on its side; the bottom keeps 3 mm more for
 // the footer line under the frame.
 PageGeometry PageGeometryOf(const PaperArea& paper, const PageMargins& margins);
-
-// The paper area of a Qt page layout as its device paints it: the painter's origin is the top
-// left of the paint rectangle.
-PaperArea PaperAreaOf(const QPageLayout& layout);
-PaperArea PaperAreaOf(const QPagedPaintDevice& device);
 
 // The whole-number scale of a decal that would just fit at `fit`: enlargements are cut to their
 // whole part and to `maxScale` (never below 1), reductions become 1 : n with a whole n that is

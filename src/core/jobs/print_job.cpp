@@ -44,7 +44,7 @@ void DrawDecalAlone(PlotFrame& frame, const DecalRecord& record, const StrokeFon
 
 }  // namespace
 
-PrintJob::PrintJob(PlotContext& context, OutputTarget& target, UserMessages& messages)
+PrintJob::PrintJob(PlotContext& context, PageOutput& target, UserMessages& messages)
     : PlotDate(TodayShortDate()),
       context_(context),
       target_(&target),

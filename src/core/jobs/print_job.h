@@ -19,11 +19,11 @@
 
 #include "common/user_messages.h"
 #include "jobs/decal_placement.h"
-#include "jobs/output_target.h"
 #include "jobs/plot_context.h"
 #include "jobs/print_progress.h"
 #include "jobs/screen_geometry.h"
 #include "library/decal_record.h"
+#include "output/page_output.h"
 #include "plot/pieces.h"
 #include "plot/plot_frame.h"
 
@@ -41,7 +41,7 @@ class PrintJob {
   public:
     // A run on the printer `target`: the page geometry comes from the target's page and the
     // margins of the settings. Sets the context's OutputTarget to the printer.
-    PrintJob(PlotContext& context, OutputTarget& target, UserMessages& messages);
+    PrintJob(PlotContext& context, PageOutput& target, UserMessages& messages);
     // A run on a screen surface (PlotSurface::PreviewWindow or PlotSurface::ViewBox) drawn on
     // `canvas`, whose device units are the pixels of `box`. Sets the context's OutputTarget.
     PrintJob(PlotContext& context, PlotSurface surface, PlotCanvas& canvas, const ScreenBox& box,
@@ -86,7 +86,7 @@ class PrintJob {
     bool Printer() const { return target_ != nullptr; }
 
     PlotContext& context_;
-    OutputTarget* target_ = nullptr;  // printer runs only
+    PageOutput* target_ = nullptr;  // printer runs only
     PlotSurface surface_;
     PlotFrame frame_;
     PaperArea paper_;

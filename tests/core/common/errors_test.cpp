@@ -2,6 +2,7 @@
 
 #include "common/errors.h"
 #include "common/user_messages.h"
+#include "support/recording_messages.h"
 
 namespace zantor {
 namespace {

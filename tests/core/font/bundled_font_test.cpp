@@ -15,6 +15,7 @@
 #include "font/stroke_text.h"
 #include "hershey2fnt/hershey_font.h"
 #include "shell/default_font.h"
+#include "support/recording_messages.h"
 
 namespace zantor {
 namespace {

@@ -1,4 +1,5 @@
 #include "font/stroke_font.h"
+#include "support/recording_messages.h"
 
 #include <gtest/gtest.h>
 

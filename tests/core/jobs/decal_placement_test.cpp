@@ -1,4 +1,5 @@
 #include "jobs/decal_placement.h"
+#include "support/recording_messages.h"
 
 #include <gtest/gtest.h>
 

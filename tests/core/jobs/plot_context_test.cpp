@@ -2,6 +2,7 @@
 // optional save, and the stroke font, in the main window's order.
 
 #include "jobs/plot_context.h"
+#include "support/recording_messages.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 // lookup of PCB files, and the two on-screen pictures.
 
 #include "jobs/print_job.h"
+#include "support/recording_messages.h"
 
 #include <gtest/gtest.h>
 
@@ -15,14 +16,14 @@
 #include <string>
 #include <vector>
 
-#include "core/jobs/jobs_test_support.h"
 #include "font/font_location.h"
-#include "jobs/output_targets.h"
-#include "jobs/pdf_target.h"
 #include "jobs/screen_pages.h"
-#include "jobs/trace_target.h"
 #include "library/decal_reader.h"
+#include "output/output_choice.h"
+#include "output/pdf_target.h"
+#include "output/trace_target.h"
 #include "plot/title_block.h"
+#include "support/page_test_support.h"
 #include "support/test_support.h"
 
 namespace zantor {
@@ -49,7 +50,7 @@ struct Command {
         EXPECT_TRUE(context.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages));
     }
 
-    PrintSummary Print(OutputTarget& target, const std::vector<std::string>& names,
+    PrintSummary Print(PageOutput& target, const std::vector<std::string>& names,
                        PrintProgress* progress = nullptr) {
         PrintJob job(context, target, messages);
         job.PlotDate = "22.11.2026";
@@ -94,7 +95,7 @@ class RecordedProgress : public PrintProgress {
     void Finished(const std::string& text) override { events.push_back("finished " + text); }
 
     std::vector<std::string> events;
-    OutputTarget* target = nullptr;
+    PageOutput* target = nullptr;
     int abortAt = -1;
 };
 
@@ -157,7 +158,7 @@ TEST(PrintJobPages, TheSampleLibraryIsOneWholePagePerDecal) {
     EXPECT_EQ(progress.events.size(), 2u + 2 * 6);
 
     // As pictures: a decal drawn in every frame, the title block filled, the margin white.
-    const auto png = MakeOutputTarget({"", dir.Path() / "page.png", PaperSize::A4, false});
+    const auto png = MakePageOutput({"", dir.Path() / "page.png", PaperSize::A4, false});
     EXPECT_EQ(command.Print(*png, kSampleDecals).printed, 6);
     ASSERT_EQ(png->WrittenFiles().size(), 6u);
     const PageGeometry page =
@@ -307,7 +308,7 @@ std::string PcbFile(int count) {
 
 // The same run with every name searched from the decals' start, as the job has always searched
 // PCB files.
-void PrintSearchingFromTheStart(Command& command, OutputTarget& target,
+void PrintSearchingFromTheStart(Command& command, PageOutput& target,
                                 const std::vector<std::string>& names) {
     PrintJob job(command.context, target, command.messages);
     job.PlotDate = "22.11.2026";

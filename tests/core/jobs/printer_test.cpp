@@ -19,10 +19,11 @@
 #include <string>
 #include <vector>
 
-#include "core/jobs/jobs_test_support.h"
 #include "font/font_location.h"
 #include "jobs/print_job.h"
-#include "jobs/printer_target.h"
+#include "output/printer_target.h"
+#include "support/page_test_support.h"
+#include "support/recording_messages.h"
 #include "support/test_support.h"
 
 #ifdef __unix__

@@ -1,4 +1,5 @@
 #include "library/number_check.h"
+#include "support/recording_messages.h"
 
 #include <gtest/gtest.h>
 

@@ -11,6 +11,7 @@
 #include "plot/plot_frame.h"
 #include "plot/recording_canvas.h"
 #include "shell/plot_settings.h"
+#include "support/recording_messages.h"
 
 namespace zantor::test {
 

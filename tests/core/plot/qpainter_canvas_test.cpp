@@ -1,4 +1,5 @@
 #include "plot/qpainter_canvas.h"
+#include "support/recording_messages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,289 @@
+#include "cli/print_command.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QtGlobal>
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string_view>
+
+#include "cli/command_line.h"
+#include "cli/stream_messages.h"
+#include "cli/terminal.h"
+#include "common/errors.h"
+#include "jobs/plot_context.h"
+#include "jobs/print_job.h"
+#include "library/catalogue.h"
+#include "output/output_choice.h"
+#include "shell/settings_store.h"
+
+namespace zantor {
+
+const char* const kPrintCommandHelp =
+    "  print FILE [--kind decal|index] [--select NAME]... (--output OUT | --printer QUEUE)\n"
+    "        [--paper A4|A3|Letter|Legal]\n"
+    "                Print decals of FILE as the GUI's print commands do, with the\n"
+    "                user's settings (read, never written): decal pages, one decal\n"
+    "                to a page (the default kind), or index pages, many decals to a\n"
+    "                page. Without --select every name that `zantor list` shows is\n"
+    "                printed; --select NAME (repeatable) prints the names given, in\n"
+    "                the order of that list. The stroke font is the Fontfile setting\n"
+    "                (default: the bundled font).\n"
+    "                --output OUT     write files; the extension chooses the kind:\n"
+    "                                 .pdf one document (with SeperatePages set,\n"
+    "                                 one per decal: OUT-1.pdf, OUT-2.pdf, ...),\n"
+    "                                 .svg and .png one file per page (OUT-1.svg,\n"
+    "                                 ...), .trace the drawing calls as text.\n"
+    "                                 The files written are listed on standard\n"
+    "                                 output; none is left half-written.\n"
+    "                --printer QUEUE  print on a printer of the system, on its paper\n"
+    "                --paper SIZE     the paper of --output files (default A4)\n"
+    "                Progress is shown on standard error when it is a terminal.\n";
+
+namespace {
+
+struct PrintRequest {
+    std::string file;
+    PlotKind kind = PlotKind::Decal;
+    std::vector<std::string> selection;
+    std::optional<std::string> output;
+    std::optional<std::string> printer;
+    std::optional<PaperSize> paper;
+};
+
+// Fills `request` from the arguments; the problem of a wrong command line otherwise.
+std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
+                                          PrintRequest& request) {
+    bool haveFile = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        std::string option;
+        std::optional<std::string> givenValue;
+        if (std::optional<std::string> problem = SplitOption(args, i, option, givenValue)) {
+            return problem;
+        }
+        const std::string value = givenValue.value_or("");
+        if (option == "--kind") {
+            if (value == "decal") {
+                request.kind = PlotKind::Decal;
+            } else if (value == "index") {
+                request.kind = PlotKind::Index;
+            } else {
+                return "--kind takes decal or index, not \"" + value + "\"";
+            }
+        } else if (option == "--select") {
+            request.selection.push_back(value);
+        } else if (option == "--output") {
+            if (!FileOutputKind(value)) {
+                return "--output takes a .pdf, .svg, .png or .trace file, not \"" + value + "\"";
+            }
+            request.output = value;
+        } else if (option == "--printer") {
+            if (value.empty()) {
+                return "--printer needs the name of a print queue";
+            }
+            request.printer = value;
+        } else if (option == "--paper") {
+            request.paper = ParsePaperSize(value);
+            if (!request.paper) {
+                return "--paper takes A4, A3, Letter or Legal, not \"" + value + "\"";
+            }
+        } else if (option.starts_with("-") && option.size() > 1) {
+            return "print has no option " + option;
+        } else if (haveFile) {
+            return "print takes one FILE";
+        } else {
+            request.file = option;
+            haveFile = true;
+        }
+    }
+    if (!haveFile) {
+        return "print needs a FILE";
+    }
+    if (request.output && request.printer) {
+        return "print writes to --output or to --printer, not to both";
+    }
+    if (!request.output && !request.printer) {
+        return "print needs --output OUT or --printer QUEUE";
+    }
+    if (request.printer && request.paper) {
+        return "--paper is for --output files; a printer prints on its own paper";
+    }
+    return std::nullopt;
+}
+
+// Qt's note that a session without a display has no runtime folder says nothing about the job;
+// everything else Qt says goes to standard error as Qt writes it.
+void QuietSessionMessages(QtMsgType type, const QMessageLogContext& context,
+                          const QString& message) {
+    if (message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"))) {
+        return;
+    }
+    std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
+}
+
+// Text and printers need a GUI application. Without a display of its own choosing the command
+// draws offscreen, so that it runs on machines without one.
+class GuiSession {
+  public:
+    GuiSession() {
+        if (QCoreApplication::instance() != nullptr) {
+            return;
+        }
+        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+            arguments_.push_back(platformOption_.data());
+            arguments_.push_back(offscreen_.data());
+        }
+        argc_ = static_cast<int>(arguments_.size());
+        arguments_.push_back(nullptr);
+        qInstallMessageHandler(QuietSessionMessages);
+        app_ = std::make_unique<QGuiApplication>(argc_, arguments_.data());
+    }
+    ~GuiSession() {
+        if (app_) {
+            app_.reset();
+            qInstallMessageHandler(nullptr);
+        }
+    }
+    GuiSession(const GuiSession&) = delete;
+    GuiSession& operator=(const GuiSession&) = delete;
+
+  private:
+    std::string name_ = "zantor";
+    std::string platformOption_ = "-platform";
+    std::string offscreen_ = "offscreen";
+    std::vector<char*> arguments_{name_.data()};
+    int argc_ = 0;
+    std::unique_ptr<QGuiApplication> app_;
+};
+
+// The progress window's label and bar, as one line of a terminal that is written over.
+class TerminalProgress : public PrintProgress {
+  public:
+    explicit TerminalProgress(std::ostream& err) : err_(err) {}
+
+    void Started(int total) override { total_ = total; }
+    void Looking(const std::string& name) override {
+        ++item_;
+        Show("Printing " + std::to_string(item_) + " of " + std::to_string(total_) + ": " + name);
+    }
+    void Position(int /*printed*/) override {}
+    void Finished(const std::string& text) override {
+        Show(text);
+        err_ << '\n' << std::flush;
+    }
+
+  private:
+    void Show(const std::string& text) {
+        const std::size_t blanks = shown_ > text.size() ? shown_ - text.size() : 0;
+        err_ << '\r' << text << std::string(blanks, ' ') << std::flush;
+        shown_ = text.size();
+    }
+
+    std::ostream& err_;
+    int total_ = 0;
+    int item_ = 0;
+    std::size_t shown_ = 0;
+};
+
+// The names to print: the catalogue's, or those of them that were asked for, in its order.
+// Asked-for names the catalogue does not list are reported; the result is then empty.
+std::optional<std::vector<std::string>> SelectedNames(const Catalogue& catalogue,
+                                                      const std::vector<std::string>& asked,
+                                                      const std::string& file,
+                                                      UserMessages& messages) {
+    std::vector<std::string> names;
+    const std::set<std::string, std::less<>> wanted(asked.begin(), asked.end());
+    std::set<std::string, std::less<>> listed;
+    for (const CatalogueEntry& entry : catalogue.entries) {
+        if (entry.selected && (wanted.empty() || wanted.count(entry.name) != 0)) {
+            names.push_back(entry.name);
+        }
+        listed.insert(entry.name);
+    }
+    bool allListed = true;
+    for (const std::string& name : asked) {
+        if (listed.count(name) == 0) {
+            messages.ShowError("Not a decal of " + file + ": " + name);
+            allListed = false;
+        }
+    }
+    if (!allListed) {
+        return std::nullopt;
+    }
+    return names;
+}
+
+int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) {
+    StreamMessages messages(err);
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(request.file, error)) {
+        messages.ShowError("Inputfile unknown or not a decal-file.");
+        return kExitFailure;
+    }
+    const GuiSession gui;
+    PlotContext context;
+    // The GUI saves the settings it has just loaded before it prints; nothing in the job reads
+    // them back, so the command leaves the store as it is.
+    const SettingsStore mainStore = SettingsStore::OpenMain();
+    const SettingsStore zantorStore = SettingsStore::OpenZantor();
+    if (!PreparePrintCommand(context, request.kind, request.file, mainStore, zantorStore, nullptr,
+                             messages)) {
+        return kExitFailure;
+    }
+    const Catalogue catalogue =
+        LoadPartnames(request.file, request.kind, CatalogueFilters{}, messages);
+    const auto names = SelectedNames(catalogue, request.selection, request.file, messages);
+    if (!names) {
+        return kExitFailure;
+    }
+    if (names->empty()) {
+        messages.ShowError("Nothing to print: " + request.file + " lists no decals.");
+        return kExitFailure;
+    }
+
+    OutputRequest output;
+    output.printer = request.printer.value_or("");
+    output.file = request.output.value_or("");
+    output.paper = request.paper.value_or(PaperSize::A4);
+    // Every decal page is a document of its own with SeperatePages; index pages are not.
+    output.separateDocuments =
+        context.PlotSettings.SeperatePages && request.kind == PlotKind::Decal;
+    const std::unique_ptr<PageOutput> target = MakePageOutput(output);
+
+    std::optional<TerminalProgress> progress;
+    if (&err == &std::cerr && StandardErrorIsTerminal()) {
+        progress.emplace(err);
+    }
+    PrintJob job(context, *target, messages);
+    const PrintSummary summary = job.PrintDecals(*names, progress ? &*progress : nullptr);
+    for (const std::filesystem::path& file : target->WrittenFiles()) {
+        out << file.string() << '\n';
+    }
+    out.flush();
+    for (const std::string& name : summary.notFound) {
+        messages.ShowError("Decal not found in " + request.file + ": " + name);
+    }
+    return summary.notFound.empty() ? kExitOk : kExitFailure;
+}
+
+}  // namespace
+
+int RunPrintCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    PrintRequest request;
+    if (std::optional<std::string> problem = ParseArguments(args, request)) {
+        return ReportUsageError(err, *problem);
+    }
+    try {
+        return RunPrint(request, out, err);
+    } catch (const std::exception& error) {
+        out.flush();
+        return ReportFailure(err, error);
+    }
+}
+
+}  // namespace zantor

@@ -1,0 +1,101 @@
+#include "output/page_file_target.h"
+
+#include <QRect>
+#include <QSize>
+#include <cmath>
+#include <utility>
+
+#include "common/errors.h"
+
+namespace zantor {
+
+PageFileTarget::PageFileTarget(std::filesystem::path path, PaperSize paper, int resolution)
+    : path_(std::move(path)), paper_(paper), resolution_(resolution) {}
+
+PageMetrics PageFileTarget::Page() const {
+    return FilePageMetrics(paper_, resolution_);
+}
+
+void PageFileTarget::OpenPage() {
+    // The page about to open is the next one of the job.
+    current_ = NumberedPath(path_, JobPages() + 1);
+    temporary_ = pending_.Add(current_);
+    if (!page_.Begin(OpenDevice(temporary_, Page()))) {
+        throw IoError("Cannot write the file", current_.string());
+    }
+    SetSurface(page_.Canvas());
+}
+
+void PageFileTarget::ClosePage() {
+    const bool ended = page_.End();
+    const bool written = CloseDevice(temporary_);
+    ReleaseDevice();
+    if (!ended || !written) {
+        throw IoError("Cannot write the file", current_.string());
+    }
+}
+
+void PageFileTarget::StartDocument() {
+    OpenPage();
+}
+
+void PageFileTarget::StartPage() {
+    ClosePage();
+    OpenPage();
+}
+
+std::vector<std::filesystem::path> PageFileTarget::FinishDocument() {
+    ClosePage();
+    return pending_.Commit();
+}
+
+void PageFileTarget::DropDocument() noexcept {
+    page_.End();
+    ReleaseDevice();
+    pending_.Discard();
+}
+
+PngTarget::PngTarget(std::filesystem::path path, PaperSize paper)
+    : PageFileTarget(std::move(path), paper, kResolution) {}
+
+PngTarget::~PngTarget() {
+    DropUnfinished();
+}
+
+QPaintDevice& PngTarget::OpenDevice(const std::filesystem::path& /*temporary*/,
+                                    const PageMetrics& metrics) {
+    image_ = QImage(metrics.physicalWidth, metrics.physicalHeight, QImage::Format_RGB32);
+    if (image_.isNull()) {
+        throw IoError("Not enough memory for the page image", CurrentFile().string());
+    }
+    const int dotsPerMetre = static_cast<int>(std::lround(kResolution / 0.0254));
+    image_.setDotsPerMeterX(dotsPerMetre);
+    image_.setDotsPerMeterY(dotsPerMetre);
+    image_.fill(Qt::white);
+    return image_;
+}
+
+bool PngTarget::CloseDevice(const std::filesystem::path& temporary) {
+    return image_.save(PathText(temporary), "PNG");
+}
+
+SvgTarget::SvgTarget(std::filesystem::path path, PaperSize paper)
+    : PageFileTarget(std::move(path), paper, kResolution) {}
+
+SvgTarget::~SvgTarget() {
+    DropUnfinished();
+}
+
+QPaintDevice& SvgTarget::OpenDevice(const std::filesystem::path& temporary,
+                                    const PageMetrics& metrics) {
+    const QSize size(metrics.physicalWidth, metrics.physicalHeight);
+    generator_ = std::make_unique<QSvgGenerator>();
+    generator_->setFileName(PathText(temporary));
+    generator_->setTitle(QString::fromLatin1(kDocumentTitle));
+    generator_->setResolution(kResolution);
+    generator_->setSize(size);
+    generator_->setViewBox(QRect(QPoint(0, 0), size));
+    return *generator_;
+}
+
+}  // namespace zantor
