@@ -8,5 +8,9 @@ werror=OFF
 if [ "${CI:-}" = "true" ]; then
     werror=ON
 fi
-cmake -S . -B "$build_dir" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZANTOR_WERROR="$werror" "$@" >/dev/null
+launcher=()
+if command -v ccache >/dev/null; then
+    launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+fi
+cmake -S . -B "$build_dir" "${launcher[@]}" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZANTOR_WERROR="$werror" "$@" >/dev/null
 cmake --build "$build_dir" -j"$(nproc)"
