@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "cli/attributes_command.h"
 #include "cli/list_command.h"
 #include "cli/print_command.h"
 #include "common/errors.h"
@@ -58,6 +59,7 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 
 // The commands in the order of the help text.
 const Command kCommands[] = {
+    {"attributes", kAttributesCommandHelp, RunAttributesCommand},
     {"info", kInfoHelp, RunInfo},
     {"list", kListCommandHelp, RunListCommand},
     {"print", kPrintCommandHelp, RunPrintCommand},

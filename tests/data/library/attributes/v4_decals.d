@@ -1,0 +1,32 @@
+*PADS-LIBRARY-PCB-DECALS-V4*
+
+R0603 M 0 0 2 2 1 0 2 1
+Value 10k
+"Part Number" RC0603
+0 1 0 0 1 0.1 26 17 34
+REF-DES
+0 -1 0 0 1 0.1 26 17 34
+VALUE
+CLOSED 5 0.1 26
+-1 -0.5
+1 -0.5
+1 0.5
+-1 0.5
+-1 -0.5
+T-0.8 0 -0.8 0 1
+T0.8 0 0.8 0 2
+PAD 0 1 N 0 0 0 0
+-2 0.8 R
+
+CONNECTOR_HEADER_2X5 I 0 0 3 3 0 0 0 0
+"Part Number" HDR-2X5
+"Height mm" 8.5
+Value
+0 0 0 0 50 5 26 0 34
+REF-DES
+0 -50 0 0 50 5 26 0 34
+VALUE
+0 -100 0 0 50 5 26 0 34
+Part Number
+
+*END*
