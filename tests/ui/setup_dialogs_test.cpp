@@ -9,6 +9,9 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
+#include "font/font_location.h"
+#include "jobs/print_job.h"
+#include "plot/recording_canvas.h"
 #include "setup_test_support.h"
 #include "shell/attribute_store.h"
 #include "shell/decal_lib_list.h"
@@ -258,6 +261,27 @@ TEST_F(DecalSetupTest, AttributeListIsEditedAndScanned) {
     EXPECT_EQ(stored, expected);
     EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Erase current attribute-list?",
                                                           "OK to delete attribute from list?"}));
+}
+
+// What the view box draws of the sample library's first decal with the context's settings.
+std::string ViewBoxTrace(PlotContext& context, UserMessages& messages) {
+    context.PlotSettings.Inputfile = (SourceDir() / "data" / "samples" / "sample.d").string();
+    EXPECT_TRUE(context.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages));
+    RecordingCanvas canvas;
+    PrintJob job(context, PlotSurface::ViewBox, canvas, ScreenBox{217, 301}, messages);
+    const std::vector<std::string> names = {"DIP8"};
+    job.PrintDecals(names);
+    return canvas.Trace();
+}
+
+TEST_F(DecalSetupTest, AnAcceptedPenColourShowsInTheNextDrawing) {
+    auto dialog = Open(PlotKind::Decal);
+    EXPECT_EQ(ViewBoxTrace(context, messages).find("pen=0000FF"), std::string::npos);
+    Find<ColourPalette>(*dialog, "ColorGrid").Choose(9);  // red
+    QTest::mouseClick(&Find<PenColourCells>(*dialog, "PaintBox"), Qt::LeftButton, {},
+                      QPoint(10, 2 * 20 + 5));  // Outline of "Any"
+    Click(*dialog, "OKButton");
+    EXPECT_NE(ViewBoxTrace(context, messages).find("pen=0000FF"), std::string::npos);
 }
 
 class LibListTest : public SetupDialogTest {
