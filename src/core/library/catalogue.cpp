@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "library/decal_record.h"
 #include "library/file_header.h"
 #include "library/line_reader.h"
+#include "library/parttype.h"
 #include "library/record_framing.h"
 #include "library/words.h"
 #include "shell/identification.h"
@@ -139,6 +141,35 @@ class ItemLines {
         }
     }
 
+    // Passes over the rest of a parttype record of a newer file: the lines its header's counts
+    // announce, and after them any lines up to a blank line, a section line or the next parttype
+    // header, so that records written back to back are told apart. A header or body whose counts
+    // cannot be read is passed over up to the next blank line or section line instead.
+    void SkipParttypeRecord(const ParttypeLayout& layout, std::string_view headerLine) {
+        std::optional<ParttypeBody> body;
+        try {
+            body.emplace(ReadParttypeHeader(headerLine, layout, Place()).counts);
+        } catch (const Error&) {
+            body.reset();
+        }
+        for (;;) {
+            Read();
+            if (IsBlankLine(line_) || IsSectionLine() || AtEnd()) {
+                return;
+            }
+            if ((!body || !body->WantsFreeText()) && LooksLikeParttypeHeader(line_, layout)) {
+                return;
+            }
+            if (body && body->WantsMore()) {
+                try {
+                    body->Take(line_, Place());
+                } catch (const Error&) {
+                    body.reset();
+                }
+            }
+        }
+    }
+
   private:
     // A section line begins with a keyword between stars ("*END*     OF ASCII OUTPUT FILE",
     // "*REMARK* AP", "*PARTTYPE*   ITEMS"). The text line of a text record may begin with a
@@ -187,6 +218,9 @@ struct CatalogueLayout {
     bool partTypeAtDecal = false;
     // A PCB file without parts offers all its decals.
     bool allDecalsWithoutParts = false;
+    // Parttype records end where their counts say (and at a blank line or a section line).
+    bool parttypesByCounts = false;
+    ParttypeLayout parttypes;
 };
 
 // PCB parttype headers are NAME DECALS [UNITS] TYPE GATES SIGPINS PINNMS FLAGS ECO: V5 and the
@@ -225,6 +259,8 @@ CatalogueLayout CatalogueLayoutFor(const FileHeader& header, int libraryVersion)
         layout.parttypePinNameWord = 4;
     }
     layout.sectionLineEndsItem = true;
+    layout.parttypesByCounts = true;
+    layout.parttypes = ParttypeLayoutFor(header);
     layout.partTypeAtDecal = true;
     layout.allDecalsWithoutParts = true;
     return layout;
@@ -340,7 +376,7 @@ class CatalogueBuilder {
             bool passes = false;
             if (listsParttypes) {
                 passes = wanted && ParttypePasses(name, rest);
-                lines_.SkipToItemEnd(layout_.sectionLineEndsItem);
+                SkipParttype();
             } else if (layout_.decalsByCounts) {
                 const DecalHeaderFields header =
                     ReadDecalHeaderAfterName(name, rest, layout_.dialect, lines_.Place());
@@ -410,6 +446,15 @@ class CatalogueBuilder {
         return pinFilter_ == 0 || terminals == pinFilter_;
     }
 
+    // From the parttype header in hand to the line after its record.
+    void SkipParttype() {
+        if (layout_.parttypesByCounts) {
+            lines_.SkipParttypeRecord(layout_.parttypes, lines_.Line());
+        } else {
+            lines_.SkipToItemEnd(layout_.sectionLineEndsItem);
+        }
+    }
+
     // A PCB file offers only the decals its parts use: the parttypes say which decals they can
     // have, each part which parttype and which of its decals it has.
     void KeepDecalsOfParts() {
@@ -419,7 +464,7 @@ class CatalogueBuilder {
             std::string_view rest = lines_.Line();
             const std::string_view name = CutTo(TakeItemWord(rest), kMaxDecalNameLength);
             partTypes.Add(name, TakeItemWord(rest), lines_.Place());
-            lines_.SkipToItemEnd(layout_.sectionLineEndsItem);
+            SkipParttype();
         }
 
         std::unordered_map<std::string_view, std::size_t> entryOf;
