@@ -19,21 +19,33 @@
 #include "jobs/plot_context.h"
 #include "jobs/print_job.h"
 #include "library/catalogue.h"
+#include "library/file_header.h"
+#include "library/line_reader.h"
 #include "output/output_choice.h"
+#include "shell/identification.h"
+#include "shell/settings_io.h"
 #include "shell/settings_store.h"
 
 namespace zantor {
 
 const char* const kPrintCommandHelp =
-    "  print FILE [--kind decal|index] [--select NAME]... (--output OUT | --printer QUEUE)\n"
+    "  print FILE [--kind decal|index|parttype] [--select NAME]...\n"
+    "        [--decal-lib PATH]... (--output OUT | --printer QUEUE)\n"
     "        [--paper A4|A3|Letter|Legal]\n"
-    "                Print decals of FILE as the GUI's print commands do, with the\n"
-    "                user's settings (read, never written): decal pages, one decal\n"
-    "                to a page (the default kind), or index pages, many decals to a\n"
-    "                page. Without --select every name that `zantor list` shows is\n"
-    "                printed; --select NAME (repeatable) prints the names given, in\n"
-    "                the order of that list. The stroke font is the Fontfile setting\n"
-    "                (default: the bundled font).\n"
+    "                Print FILE as the GUI's print commands do, with the user's\n"
+    "                settings (read, never written): decal pages, one decal to a\n"
+    "                page (the default kind), index pages, many decals to a page,\n"
+    "                or parttype pages (a .p or .asc FILE), one parttype to a page\n"
+    "                with its attributes, decals and pin table. Without --select\n"
+    "                every name that `zantor list` shows is printed; --select NAME\n"
+    "                (repeatable) prints the names given, in the order of that list.\n"
+    "                The stroke font is the Fontfile setting (default: the bundled\n"
+    "                font).\n"
+    "                --decal-lib PATH (repeatable, parttype kind) search these decal\n"
+    "                                 libraries, in the order given, for the\n"
+    "                                 decals of a parttype library instead of the\n"
+    "                                 stored decal library list. A PCB file's\n"
+    "                                 parttypes take the decals of the file.\n"
     "                --output OUT     write files; the extension chooses the kind:\n"
     "                                 .pdf one document (with SeperatePages set,\n"
     "                                 one per decal: OUT-1.pdf, OUT-2.pdf, ...),\n"
@@ -51,6 +63,7 @@ struct PrintRequest {
     std::string file;
     PlotKind kind = PlotKind::Decal;
     std::vector<std::string> selection;
+    std::vector<std::string> decalLibraries;
     std::optional<std::string> output;
     std::optional<std::string> printer;
     std::optional<PaperSize> paper;
@@ -72,11 +85,18 @@ std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
                 request.kind = PlotKind::Decal;
             } else if (value == "index") {
                 request.kind = PlotKind::Index;
+            } else if (value == "parttype") {
+                request.kind = PlotKind::Parttype;
             } else {
-                return "--kind takes decal or index, not \"" + value + "\"";
+                return "--kind takes decal, index or parttype, not \"" + value + "\"";
             }
         } else if (option == "--select") {
             request.selection.push_back(value);
+        } else if (option == "--decal-lib") {
+            if (value.empty()) {
+                return "--decal-lib needs the path of a decal library";
+            }
+            request.decalLibraries.push_back(value);
         } else if (option == "--output") {
             if (!FileOutputKind(value)) {
                 return "--output takes a .pdf, .svg, .png or .trace file, not \"" + value + "\"";
@@ -109,6 +129,9 @@ std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
     }
     if (!request.output && !request.printer) {
         return "print needs --output OUT or --printer QUEUE";
+    }
+    if (!request.decalLibraries.empty() && request.kind != PlotKind::Parttype) {
+        return "--decal-lib is for parttype pages (--kind parttype)";
     }
     if (request.printer && request.paper) {
         return "--paper is for --output files; a printer prints on its own paper";
@@ -194,7 +217,7 @@ class TerminalProgress : public PrintProgress {
 // Asked-for names the catalogue does not list are reported; the result is then empty.
 std::optional<std::vector<std::string>> SelectedNames(const Catalogue& catalogue,
                                                       const std::vector<std::string>& asked,
-                                                      const std::string& file,
+                                                      const std::string& file, PlotKind kind,
                                                       UserMessages& messages) {
     std::vector<std::string> names;
     const std::set<std::string, std::less<>> wanted(asked.begin(), asked.end());
@@ -208,7 +231,9 @@ std::optional<std::vector<std::string>> SelectedNames(const Catalogue& catalogue
     bool allListed = true;
     for (const std::string& name : asked) {
         if (listed.count(name) == 0) {
-            messages.ShowError("Not a decal of " + file + ": " + name);
+            messages.ShowError(
+                std::string(kind == PlotKind::Parttype ? "Not a parttype of " : "Not a decal of ") +
+                file + ": " + name);
             allListed = false;
         }
     }
@@ -218,11 +243,26 @@ std::optional<std::vector<std::string>> SelectedNames(const Catalogue& catalogue
     return names;
 }
 
+// A parttype library or a PCB file; a decal library passes the first-line test of the GUI's
+// parttype command but holds no parttypes.
+bool IsParttypeSource(const std::string& file) {
+    if (!IsParttypeFile(file)) {
+        return false;
+    }
+    LineReader reader(file);
+    std::string firstLine;
+    reader.ReadLine(firstLine);
+    return AnalyseHeader(firstLine).product != FileProduct::DecalLibrary;
+}
+
 int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) {
     StreamMessages messages(err);
     std::error_code error;
-    if (!std::filesystem::is_regular_file(request.file, error)) {
-        messages.ShowError("Inputfile unknown or not a decal-file.");
+    const bool parttypes = request.kind == PlotKind::Parttype;
+    if (!std::filesystem::is_regular_file(request.file, error) ||
+        (parttypes && !IsParttypeSource(request.file))) {
+        messages.ShowError(parttypes ? "Inputfile unknown or not a parttype-file."
+                                     : "Inputfile unknown or not a decal-file.");
         return kExitFailure;
     }
     const GuiSession gui;
@@ -235,14 +275,23 @@ int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) 
                              messages)) {
         return kExitFailure;
     }
+    if (parttypes) {
+        std::vector<std::string> recentFiles;
+        LoadRecentFiles(recentFiles, context.ParttypeTextSizes, mainStore);
+        if (!request.decalLibraries.empty()) {
+            context.DecalLibList = request.decalLibraries;
+        }
+    }
     const Catalogue catalogue =
         LoadPartnames(request.file, request.kind, CatalogueFilters{}, messages);
-    const auto names = SelectedNames(catalogue, request.selection, request.file, messages);
+    const auto names =
+        SelectedNames(catalogue, request.selection, request.file, request.kind, messages);
     if (!names) {
         return kExitFailure;
     }
     if (names->empty()) {
-        messages.ShowError("Nothing to print: " + request.file + " lists no decals.");
+        messages.ShowError("Nothing to print: " + request.file +
+                           (parttypes ? " lists no parttypes." : " lists no decals."));
         return kExitFailure;
     }
 
@@ -250,9 +299,10 @@ int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) 
     output.printer = request.printer.value_or("");
     output.file = request.output.value_or("");
     output.paper = request.paper.value_or(PaperSize::A4);
-    // Every decal page is a document of its own with SeperatePages; index pages are not.
+    // Every decal page and every parttype is a document of its own with SeperatePages; index
+    // pages are not.
     output.separateDocuments =
-        context.PlotSettings.SeperatePages && request.kind == PlotKind::Decal;
+        context.PlotSettings.SeperatePages && request.kind != PlotKind::Index;
     const std::unique_ptr<PageOutput> target = MakePageOutput(output);
 
     std::optional<TerminalProgress> progress;
@@ -266,7 +316,8 @@ int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) 
     }
     out.flush();
     for (const std::string& name : summary.notFound) {
-        messages.ShowError("Decal not found in " + request.file + ": " + name);
+        messages.ShowError((parttypes ? "Parttype not found in " : "Decal not found in ") +
+                           request.file + ": " + name);
     }
     return summary.notFound.empty() ? kExitOk : kExitFailure;
 }

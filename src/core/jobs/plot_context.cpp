@@ -1,5 +1,6 @@
 #include "jobs/plot_context.h"
 
+#include "shell/decal_lib_list.h"
 #include "shell/settings_io.h"
 
 namespace zantor {
@@ -11,8 +12,11 @@ bool PreparePrintCommand(PlotContext& context, PlotKind kind, const std::string&
     LoadSettings(context.PlotSettings, kind, mainStore);
     context.PlotSettings.Inputfile = inputFile;
     // The index kind lists no attributes; the list in hand is saved with its settings as it is.
-    if (kind == PlotKind::Decal) {
+    if (kind == PlotKind::Decal || kind == PlotKind::Parttype) {
         LoadAttributeList(context.AttributeList, kind, zantorStore);
+    }
+    if (kind == PlotKind::Parttype) {
+        context.DecalLibList = LoadDecalLibList(mainStore);
     }
     if (saveTo != nullptr) {
         SaveSettings(context.PlotSettings, kind, context.AttributeList, *saveTo);

@@ -5,6 +5,7 @@
 #include "jobs/decal_source.h"
 #include "jobs/index_layout.h"
 #include "jobs/index_run.h"
+#include "jobs/parttype_run.h"
 #include "library/pad_stacks.h"
 #include "plot/decal_attributes.h"
 #include "plot/decal_page.h"
@@ -197,10 +198,46 @@ void PrintJob::EndPrint() {
     }
 }
 
+PrintSummary PrintJob::PrintParttypes(std::span<const std::string> selection,
+                                      PrintProgress* progress) {
+    PrintSummary summary;
+    // The view box has nothing to show for a parttype: it stays grey.
+    if (surface_ == PlotSurface::ViewBox) {
+        return summary;
+    }
+    if (progress != nullptr) {
+        progress->Started(static_cast<int>(selection.size()));
+    }
+    ParttypeRunInputs inputs;
+    inputs.area = IndexPageAreaOf(paper_, context_.PlotSettings);
+    inputs.inputPath = context_.PlotSettings.Inputfile;
+    inputs.date = PlotDate;
+    inputs.firstPageOnly = surface_ == PlotSurface::PreviewWindow;
+    try {
+        ParttypeRun run(context_, frame_, target_, std::move(inputs), frame_.Messages());
+        ParttypeRunSummary done = run.Print(selection, progress);
+        summary.printed = done.printed;
+        summary.notFound = std::move(done.notFound);
+    } catch (...) {
+        if (Printer()) {
+            target_->Abort();
+        }
+        throw;
+    }
+    summary.aborted = Printer() && target_->Aborted();
+    if (progress != nullptr) {
+        progress->Finished(kPrintingCompleted);
+    }
+    return summary;
+}
+
 PrintSummary PrintJob::PrintDecals(std::span<const std::string> selection,
                                    PrintProgress* progress) {
     if (!Printer()) {
         progress = nullptr;
+    }
+    if (context_.PlotKind == PlotKind::Parttype) {
+        return PrintParttypes(selection, progress);
     }
     PrintSummary summary;
     const int total = static_cast<int>(selection.size());

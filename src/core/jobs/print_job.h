@@ -50,8 +50,11 @@ class PrintJob {
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
 
-    // The driver: opens the settings' Inputfile, looks for each selected name in order and
-    // draws every decal found. A name not found prints nothing and does not count. On the
+    // The driver. For the parttype kind it runs the parttype run (ParttypeRun) over the selected
+    // parttypes: the preview window shows the first parttype page, the view box stays empty.
+    // For the decal and index kinds it opens the settings' Inputfile, looks for each selected
+    // name in order and draws every decal found. A name not found prints nothing and does not
+    // count. On the
     // printer every decal found gets a page (decal kind) or the next cell (index kind); no page
     // is begun that stays empty, and with SeperatePages every decal page is a document of its
     // own. The run stops before the next name once the target is aborted. The preview window
@@ -78,6 +81,9 @@ class PrintJob {
     std::string PlotDate;
 
   private:
+    // The parttype kind: the parttype run on the printer or the preview window's first page;
+    // the view box shows nothing.
+    PrintSummary PrintParttypes(std::span<const std::string> selection, PrintProgress* progress);
     void PlotDecalPage(const DecalRecord& record, const DecalExtents& extents);
     void PlotInViewBox(const DecalRecord& record, const DecalExtents& extents);
     void PlotIndexCell(const DecalRecord& record, const DecalExtents& extents);

@@ -21,16 +21,37 @@ void PaintJob(QPainter& painter, const ScreenBox& box, PlotSurface surface, Plot
     job.PrintDecals(selection);
 }
 
+// A parttype has no picture of its own in the view box: grey with a black outline.
+void PaintGreyBox(QPainter& painter, const ScreenBox& box) {
+    painter.save();
+    painter.setPen(QPen(Qt::black, 0));
+    painter.setBrush(QColor(128, 128, 128));
+    painter.drawRect(0, 0, box.width - 1, box.height - 1);
+    painter.restore();
+}
+
 }  // namespace
 
 const char* PreviewCaption(PlotKind kind) {
-    return kind == PlotKind::Index ? "Indexpage" : "Decalpage";
+    switch (kind) {
+        case PlotKind::Index:
+            return "Indexpage";
+        case PlotKind::Parttype:
+            return "Parttypepage";
+        case PlotKind::Decal:
+            break;
+    }
+    return "Decalpage";
 }
 
 void PaintViewBox(QPainter& painter, const ScreenBox& box, PlotContext& context,
                   std::span<const std::string> selection, UserMessages& messages) {
-    PaintBlankBox(painter, box);
     context.OutputTarget = PlotSurface::ViewBox;
+    if (context.PlotKind == PlotKind::Parttype) {
+        PaintGreyBox(painter, box);
+        return;
+    }
+    PaintBlankBox(painter, box);
     if (selection.size() == 1) {
         PaintJob(painter, box, PlotSurface::ViewBox, context, selection, messages);
     }

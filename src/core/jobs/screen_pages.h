@@ -15,12 +15,13 @@
 
 namespace zantor {
 
-// The preview window's caption for the job of `kind`: "Decalpage" or "Indexpage" (parttype
-// pages are previewed by their own run).
+// The preview window's caption for the job of `kind`: "Decalpage", "Indexpage" or
+// "Parttypepage".
 const char* PreviewCaption(PlotKind kind);
 
 // The view box for the names selected in the dialog: white with a black outline, and when
-// exactly one name is selected, that decal of the settings' Inputfile fitted into the box. Sets
+// exactly one name is selected, that decal of the settings' Inputfile fitted into the box. For
+// the parttype kind the box is grey with a black outline and shows nothing. Sets
 // the context's OutputTarget to the view box. Errors of the file or the decal throw.
 void PaintViewBox(QPainter& painter, const ScreenBox& box, PlotContext& context,
                   std::span<const std::string> selection, UserMessages& messages);

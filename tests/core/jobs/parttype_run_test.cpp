@@ -1,0 +1,221 @@
+// The parttype run through the print job: pages and their numbering over the run, decals from
+// the library list or the PCB file, the pin table going on over pages, progress and abort, and
+// the two on-screen pictures.
+
+#include "jobs/print_job.h"
+#include "support/recording_messages.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "font/font_location.h"
+#include "jobs/screen_pages.h"
+#include "output/trace_target.h"
+#include "support/page_test_support.h"
+#include "support/test_support.h"
+
+namespace zantor {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+std::filesystem::path Parttypes(const std::string& name) {
+    return test::DataDir() / "library" / "parttype" / name;
+}
+
+std::filesystem::path SampleLibrary() {
+    return test::SourceDir() / "data" / "samples" / "sample.d";
+}
+
+struct Command {
+    PlotContext context;
+    RecordingMessages messages;
+
+    explicit Command(const std::filesystem::path& input) {
+        test::App();
+        context.PlotKind = PlotKind::Parttype;
+        context.PlotSettings.Inputfile = input.string();
+        context.PlotSettings.PrintAttr = true;
+        context.AttributeList = {{"Value", true}, {"Tolerance", true}, {"Cost", false}};
+        EXPECT_TRUE(context.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages));
+    }
+
+    PrintSummary Print(PageOutput& target, const Texts& names, PrintProgress* progress = nullptr) {
+        PrintJob job(context, target, messages);
+        job.PlotDate = "22.11.2026";
+        return job.PrintDecals(names, progress);
+    }
+};
+
+// The pages of a trace file, each the text of its drawing lines.
+std::vector<std::string> TracePages(const std::filesystem::path& file) {
+    std::ifstream in(file);
+    std::vector<std::string> pages;
+    for (std::string line; std::getline(in, line);) {
+        if (line.starts_with("page ")) {
+            pages.emplace_back();
+        } else if (!pages.empty()) {
+            pages.back() += line + "\n";
+        }
+    }
+    return pages;
+}
+
+bool HasText(const std::string& page, const std::string& text) {
+    return page.find("\"" + text + "\"") != std::string::npos;
+}
+
+class RecordedProgress : public PrintProgress {
+  public:
+    void Started(int total) override { events.push_back("started " + std::to_string(total)); }
+    void Looking(const std::string& name) override { events.push_back("looking " + name); }
+    void Position(int printed) override {
+        events.push_back("position " + std::to_string(printed));
+        if (printed == abortAt && target != nullptr) {
+            target->Abort();
+        }
+    }
+    void Finished(const std::string& text) override { events.push_back("finished " + text); }
+
+    Texts events;
+    PageOutput* target = nullptr;
+    int abortAt = -1;
+};
+
+TEST(ParttypeRun, PagesNumberedOverTheRunWithDecalsFromTheLibraryList) {
+    Command command(Parttypes("cli_parts.p"));
+    command.context.DecalLibList = {(test::DataDir() / "no-such.d").string(),
+                                    SampleLibrary().string()};
+    test::TempDir dir;
+    const auto trace = dir.Path() / "parts.trace";
+    TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+    RecordedProgress progress;
+    const PrintSummary summary = command.Print(target, {"LM358", "NOPART", "BIGPINS"}, &progress);
+    EXPECT_EQ(summary.printed, 2);
+    EXPECT_EQ(summary.notFound, Texts{"NOPART"});
+    EXPECT_EQ(progress.events, (Texts{"started 3", "looking LM358", "position 1", "looking BIGPINS",
+                                      "position 2", "finished Printing completed."}));
+    // The missing library of the list is reported once; the next one gives the decals.
+    EXPECT_EQ(command.messages.Texts(),
+              Texts{"Decal library not found: " + (test::DataDir() / "no-such.d").string()});
+
+    const std::vector<std::string> pages = TracePages(trace);
+    ASSERT_EQ(pages.size(), 4u);
+    const std::string& lm = pages[0];
+    for (const char* text :
+         {"LM358", "1   OF  4", "LIBRARY:", "Value: LM358", "Tolerance: ", "INMINUSB", "OUTA",
+          "PIN NAME", "SO8", "DIP8", "PCB DECALS:  SO8  DIP8  NOSUCHDECAL"}) {
+        EXPECT_TRUE(HasText(lm, text)) << text;
+    }
+    EXPECT_FALSE(HasText(lm, "Manufacturer: Texas Instruments"));  // not in the list
+    EXPECT_FALSE(HasText(lm, "Cost: "));                           // not checked
+    // No of decals is 2: the third decal gets no cell, so no note either.
+    EXPECT_FALSE(HasText(lm, "not in the decal library list"));
+
+    // 400 pins go on over two more pages, each carrying on where the one before stopped: three
+    // groups of 45 rows under the decal and the attributes, then three of 69.
+    EXPECT_TRUE(HasText(pages[1], "BIGPINS"));
+    EXPECT_TRUE(HasText(pages[1], "2   OF  4"));
+    EXPECT_TRUE(HasText(pages[2], "BIGPINS  (continued)"));
+    EXPECT_TRUE(HasText(pages[3], "4   OF  4"));
+    const auto pageOf = [&](int pin) {
+        char name[8];
+        std::snprintf(name, sizeof name, "SIG%03d", pin);
+        int page = 0;
+        for (int p = 1; p <= 3; ++p) {
+            if (HasText(pages[static_cast<std::size_t>(p)], name)) {
+                EXPECT_EQ(page, 0) << name << " twice";
+                page = p;
+            }
+        }
+        return page;
+    };
+    for (int pin = 1; pin <= 400; ++pin) {
+        EXPECT_EQ(pageOf(pin), pin <= 135 ? 1 : pin <= 342 ? 2 : 3) << pin;
+    }
+    EXPECT_TRUE(HasText(pages[1], "R0603"));
+    EXPECT_FALSE(HasText(pages[2], "R0603"));  // the decal shows on the first page only
+}
+
+TEST(ParttypeRun, PcbFileDecalsAndSettingsThatLeaveThingsOut) {
+    Command command(Parttypes("v10_board.asc"));
+    command.context.DecalLibList = {SampleLibrary().string()};  // not used for a PCB file
+    PlotSettings& settings = command.context.PlotSettings;
+    test::TempDir dir;
+    const auto traceOf = [&](const std::string& name) {
+        const auto trace = dir.Path() / (name + ".trace");
+        TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+        command.Print(target, {"RES", "DIODE"});
+        return TracePages(trace);
+    };
+    const std::vector<std::string> full = traceOf("full");
+    ASSERT_EQ(full.size(), 2u);
+    EXPECT_TRUE(HasText(full[0], "PCB:"));
+    EXPECT_TRUE(HasText(full[0], "R0603"));
+    EXPECT_TRUE(HasText(full[0], "C0603"));
+    EXPECT_FALSE(HasText(full[0], "not in the decals of the PCB file"));
+    EXPECT_TRUE(HasText(full[1], "K"));  // the pin name of the wrapped pin word 2.0.U.K
+    EXPECT_TRUE(command.messages.Texts().empty());
+
+    settings.ListPinnames = false;
+    settings.ShowDecal = false;
+    settings.PrintAttr = false;
+    const std::vector<std::string> bare = traceOf("bare");
+    ASSERT_EQ(bare.size(), 2u);
+    EXPECT_TRUE(HasText(bare[0], "RES"));
+    EXPECT_FALSE(HasText(bare[0], "PIN NAME"));
+    EXPECT_LT(bare[0].size() * 2, full[0].size());  // no decal drawn, no table
+}
+
+TEST(ParttypeRun, AbortStopsBeforeTheNextParttypeAndSeparateDocuments) {
+    Command command(Parttypes("v9_library.p"));
+    test::TempDir dir;
+    {
+        TraceTarget target(dir.Path() / "aborted.trace", PaperSize::A4, DocumentFiles::Single);
+        RecordedProgress progress;
+        progress.target = &target;
+        progress.abortAt = 1;
+        const PrintSummary summary = command.Print(target, {"74HC00", "BGA4", "WIDE"}, &progress);
+        EXPECT_TRUE(summary.aborted);
+        EXPECT_EQ(summary.printed, 1);
+        EXPECT_FALSE(std::filesystem::exists(dir.Path() / "aborted.trace"));
+    }
+    command.context.PlotSettings.SeperatePages = true;
+    TraceTarget target(dir.Path() / "each.trace", PaperSize::A4, DocumentFiles::Numbered);
+    command.Print(target, {"74HC00", "BGA4", "WIDE"});
+    EXPECT_EQ(target.WrittenFiles().size(), 3u);
+}
+
+TEST(ParttypeRun, PreviewShowsTheFirstPageAndTheViewBoxStaysGrey) {
+    Command command(Parttypes("v9_library.p"));
+    const ScreenBox box{354, 500, 96, 96};
+    QImage image(box.width, box.height, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        PaintViewBox(painter, box, command.context, Texts{"74HC00"}, command.messages);
+    }
+    EXPECT_EQ(image.pixel(0, 0), qRgb(0, 0, 0));
+    EXPECT_EQ(image.pixel(100, 100), qRgb(128, 128, 128));
+    EXPECT_STREQ(PreviewCaption(PlotKind::Parttype), "Parttypepage");
+
+    image.fill(Qt::gray);
+    {
+        QPainter painter(&image);
+        PaintPreview(painter, box, command.context, Texts{"74HC00", "BGA4"}, command.messages);
+    }
+    EXPECT_EQ(command.context.OutputTarget, PlotSurface::PreviewWindow);
+    EXPECT_GT(test::InkIn(image, QRect(20, 20, 320, 300)).count, 200);
+    EXPECT_TRUE(command.messages.Texts().empty() ||
+                command.messages.Texts().front().starts_with("Decal library"));
+}
+
+}  // namespace
+}  // namespace zantor
