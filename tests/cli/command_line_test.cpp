@@ -15,8 +15,8 @@ TEST(CommandLine, HelpAndUsageErrors) {
     const std::size_t list = help.out.find(
         "\n  list FILE [--kind decal|index|parttype] [--search TEXT] [--pins N] [--contents N]\n");
     const std::size_t print = help.out.find(
-        "\n  print FILE [--kind decal|index] [--select NAME]... (--output OUT | --printer "
-        "QUEUE)\n");
+        "\n  print FILE [--kind decal|index|parttype] [--select NAME]...\n"
+        "        [--decal-lib PATH]... (--output OUT | --printer QUEUE)\n");
     EXPECT_NE(info, std::string::npos);
     EXPECT_NE(print, std::string::npos);
     EXPECT_LT(info, list);

@@ -96,8 +96,6 @@ TEST_F(ParttypePrint, WrongInputsAndOptions) {
     ExpectUsageErrors({
         {{"print", Sample(), "--decal-lib", Sample(), "--output", pdf.string()},
          "--decal-lib is for parttype pages (--kind parttype)"},
-        {{"print", Sample(), "--kind", "part", "--output", pdf.string()},
-         "--kind takes decal, index or parttype, not \"part\""},
     });
 }
 
