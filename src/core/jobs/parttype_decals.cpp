@@ -43,7 +43,7 @@ const DecalRecord* DecalShelf::Find(const std::string& name) const {
 }
 
 void DrawDecalInCell(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
-                     const PageBox& cell) {
+                     const PageBox& cell, UnknownPieceReports& reports) {
     const PlotSettings& settings = frame.Settings();
     DecalExtents extents;
     PieceExtents(record, extents);
@@ -69,10 +69,10 @@ void DrawDecalInCell(PlotFrame& frame, const DecalRecord& record, const StrokeFo
     TextItemsPage page;
     page.commentFont = settings.FormularFont;
     // Pieces under the pads, the pads, the texts, and the outlines on top, as on a decal page.
-    DrawPieces(frame, record, false, frame.Messages());
+    DrawPieces(frame, record, false, frame.Messages(), reports);
     DrawTerminals(frame, font, record, stacks, marks);
     DrawTextItems(frame, record, font, page);
-    DrawPieces(frame, record, true, frame.Messages());
+    DrawPieces(frame, record, true, frame.Messages(), reports);
 }
 
 }  // namespace zantor

@@ -13,6 +13,7 @@
 #include "font/stroke_font.h"
 #include "library/decal_record.h"
 #include "plot/parttype_page.h"
+#include "plot/pieces.h"
 #include "plot/plot_frame.h"
 
 namespace zantor {
@@ -39,7 +40,8 @@ class DecalShelf {
 // index cell draws its decal: as large as fits in most of the cell, at most MaxScale, whole
 // scales with PrintScale; origin marker, pieces, terminals with their pin numbers, texts. The
 // frame's second origin and page height must be those of the page.
+// Unknown piece kinds of newer files are reported once per `reports`, which the run keeps.
 void DrawDecalInCell(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
-                     const PageBox& cell);
+                     const PageBox& cell, UnknownPieceReports& reports);
 
 }  // namespace zantor

@@ -92,6 +92,7 @@ ParttypeRunSummary ParttypeRun::Print(std::span<const std::string> selection,
     }
 
     DecalShelf decals;
+    UnknownPieceReports pieceReports;
     if (!wantedDecals.empty()) {
         std::vector<std::filesystem::path> files;
         if (pcbInput) {
@@ -139,7 +140,8 @@ ParttypeRunSummary ParttypeRun::Print(std::span<const std::string> selection,
                     const DecalRecord* record =
                         decals.Find(std::string(CutTo(parttype.decals[i], kMaxDecalNameLength)));
                     if (record != nullptr) {
-                        DrawDecalInCell(frame_, *record, context_.StrokeFont, layout.decalCells[i]);
+                        DrawDecalInCell(frame_, *record, context_.StrokeFont, layout.decalCells[i],
+                                        pieceReports);
                     }
                 }
             }

@@ -39,16 +39,44 @@ std::string GateLetter(std::size_t index) {
     return letters;
 }
 
-// The decal list as lines of at most `maxCharacters` characters, the first with its label.
-std::vector<std::string> DecalListLines(const std::vector<std::string>& decals,
-                                        std::size_t maxCharacters) {
-    std::vector<std::string> lines{"PCB DECALS:"};
-    for (const std::string& decal : decals) {
-        std::string& line = lines.back();
-        if (line.size() + 2 + decal.size() > maxCharacters && line.size() > 12) {
-            lines.emplace_back("            ");
+// A list of names as lines of at most `maxCharacters` characters, the first with its label.
+std::vector<std::string> NameListLines(const std::string& label,
+                                       const std::vector<std::string>& names,
+                                       std::size_t maxCharacters) {
+    std::vector<std::string> lines{label};
+    const std::string indent(label.size() + 1, ' ');
+    for (const std::string& name : names) {
+        if (lines.back().size() + 2 + name.size() > maxCharacters &&
+            lines.back().size() > indent.size()) {
+            lines.push_back(indent);
         }
-        lines.back() += "  " + decal;
+        lines.back() += "  " + name;
+    }
+    return lines;
+}
+
+// The schematic decals of the gates, each name once, in file order.
+std::vector<std::string> GateDecalsOf(const Parttype& parttype) {
+    std::vector<std::string> names;
+    for (const ParttypeGate& gate : parttype.gates) {
+        for (const std::string& decal : gate.decals) {
+            if (std::find(names.begin(), names.end(), decal) == names.end()) {
+                names.push_back(decal);
+            }
+        }
+    }
+    return names;
+}
+
+// The lines under the name and family line on a parttype's first page: its PCB decals and,
+// where its gates name any, their schematic decals.
+std::vector<std::string> HeadLines(const Parttype& parttype, std::size_t maxCharacters) {
+    std::vector<std::string> lines = NameListLines("PCB DECALS:", parttype.decals, maxCharacters);
+    const std::vector<std::string> gateDecals = GateDecalsOf(parttype);
+    if (!gateDecals.empty()) {
+        for (std::string& line : NameListLines("GATE DECALS:", gateDecals, maxCharacters)) {
+            lines.push_back(std::move(line));
+        }
     }
     return lines;
 }
@@ -114,8 +142,7 @@ ParttypePageLayout LayOutParttype(const Parttype& parttype, const ParttypePageSt
     layout.height = height;
     layout.headTop = height - kTopGap;
     const double nameBase = layout.headTop - style.nameSize;
-    const std::size_t decalLines =
-        DecalListLines(parttype.decals, InfoLineCharacters(width)).size();
+    const std::size_t decalLines = HeadLines(parttype, InfoLineCharacters(width)).size();
     double y = nameBase - 1.5 - kInfoPitch * static_cast<double>(1 + decalLines);
     if (style.printAttributes && !style.attributes.empty()) {
         y -= style.attrSize * 1.5 * static_cast<double>(style.attributes.size()) + 1.5;
@@ -212,7 +239,7 @@ void DrawParttypePage(PlotFrame& frame, const Parttype& parttype, const Parttype
                      : "     SIGNAL PINS: " + std::to_string(parttype.signalPins.size())),
             kInfoSize, y, kMargin, font);
         if (page == 0) {
-            for (const std::string& decalLine : DecalListLines(parttype.decals, infoCharacters)) {
+            for (const std::string& decalLine : HeadLines(parttype, infoCharacters)) {
                 y -= kInfoPitch;
                 frame.PageText(decalLine, kInfoSize, y, kMargin, font);
             }

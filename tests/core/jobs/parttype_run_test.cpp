@@ -109,9 +109,9 @@ TEST(ParttypeRun, PagesNumberedOverTheRunWithDecalsFromTheLibraryList) {
     const std::vector<std::string> pages = TracePages(trace);
     ASSERT_EQ(pages.size(), 4u);
     const std::string& lm = pages[0];
-    for (const char* text :
-         {"LM358", "1   OF  4", "LIBRARY:", "Value: LM358", "Tolerance: ", "INMINUSB", "OUTA",
-          "PIN NAME", "SO8", "DIP8", "PCB DECALS:  SO8  DIP8  NOSUCHDECAL"}) {
+    for (const char* text : {"LM358", "1   OF  4", "LIBRARY:", "Value: LM358",
+                             "Tolerance: ", "INMINUSB", "OUTA", "PIN NAME", "SO8", "DIP8",
+                             "PCB DECALS:  SO8  DIP8  NOSUCHDECAL", "GATE DECALS:  OPAMP"}) {
         EXPECT_TRUE(HasText(lm, text)) << text;
     }
     EXPECT_FALSE(HasText(lm, "Manufacturer: Texas Instruments"));  // not in the list
@@ -120,7 +120,7 @@ TEST(ParttypeRun, PagesNumberedOverTheRunWithDecalsFromTheLibraryList) {
     EXPECT_FALSE(HasText(lm, "not in the decal library list"));
 
     // 400 pins go on over two more pages, each carrying on where the one before stopped: three
-    // groups of 45 rows under the decal and the attributes, then three of 69.
+    // groups of 43 rows under the decal and the attributes, then three of 69.
     EXPECT_TRUE(HasText(pages[1], "BIGPINS"));
     EXPECT_TRUE(HasText(pages[1], "2   OF  4"));
     EXPECT_TRUE(HasText(pages[2], "BIGPINS  (continued)"));
@@ -138,7 +138,7 @@ TEST(ParttypeRun, PagesNumberedOverTheRunWithDecalsFromTheLibraryList) {
         return page;
     };
     for (int pin = 1; pin <= 400; ++pin) {
-        EXPECT_EQ(pageOf(pin), pin <= 135 ? 1 : pin <= 342 ? 2 : 3) << pin;
+        EXPECT_EQ(pageOf(pin), pin <= 129 ? 1 : pin <= 336 ? 2 : 3) << pin;
     }
     EXPECT_TRUE(HasText(pages[1], "R0603"));
     EXPECT_FALSE(HasText(pages[2], "R0603"));  // the decal shows on the first page only
@@ -188,9 +188,18 @@ TEST(ParttypeRun, AbortStopsBeforeTheNextParttypeAndSeparateDocuments) {
         EXPECT_FALSE(std::filesystem::exists(dir.Path() / "aborted.trace"));
     }
     command.context.PlotSettings.SeperatePages = true;
+    command.context.PlotSettings.MirrorMargin = true;
     TraceTarget target(dir.Path() / "each.trace", PaperSize::A4, DocumentFiles::Numbered);
     command.Print(target, {"74HC00", "BGA4", "WIDE"});
-    EXPECT_EQ(target.WrittenFiles().size(), 3u);
+    ASSERT_EQ(target.WrittenFiles().size(), 3u);
+    // The frame's bottom-left corner: 12 mm from the left edge, 6 mm (the right margin) on the
+    // binding side of the even page.
+    const char* corners[] = {"move 1200 -28800\n", "move 600 -28800\n", "move 1200 -28800\n"};
+    for (std::size_t i = 0; i < 3; ++i) {
+        const std::vector<std::string> pages = TracePages(target.WrittenFiles()[i]);
+        ASSERT_EQ(pages.size(), 1u);
+        EXPECT_NE(pages[0].find(corners[i]), std::string::npos) << i;
+    }
 }
 
 TEST(ParttypeRun, PreviewShowsTheFirstPageAndTheViewBoxStaysGrey) {
