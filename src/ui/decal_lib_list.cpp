@@ -22,8 +22,9 @@ QPushButton* Button(const QString& caption, const char* name, const char* hint) 
 
 }  // namespace
 
-TDecalLibList::TDecalLibList(DialogServices& dialogs, UserMessages& messages, QWidget* parent)
-    : QDialog(parent), dialogs_(dialogs), messages_(messages) {
+TDecalLibList::TDecalLibList(PlotContext& context, DialogServices& dialogs, UserMessages& messages,
+                             QWidget* parent)
+    : QDialog(parent), context_(context), dialogs_(dialogs), messages_(messages) {
     setObjectName("TDecalLibList");
     setWindowTitle("Decals library list");
     LibList = new QListWidget;
@@ -72,6 +73,7 @@ void TDecalLibList::showEvent(QShowEvent* event) {
 void TDecalLibList::LoadList() {
     try {
         libraries_ = LoadDecalLibList(SettingsStore::OpenMain());
+        context_.DecalLibList = libraries_;
     } catch (const std::exception& error) {
         messages_.ShowError(error.what());
     }
@@ -126,6 +128,7 @@ void TDecalLibList::accept() {
     try {
         SettingsStore store = SettingsStore::OpenMain();
         SaveDecalLibList(libraries_, store);
+        context_.DecalLibList = libraries_;
     } catch (const std::exception& error) {
         messages_.ShowError(error.what());
         return;

@@ -2,11 +2,13 @@
 
 // TDecalLibList ("Decals library list"): the ordered decal library files in which the parttype
 // run looks for decals. The list is read from the settings when the dialog is shown; OK replaces
-// the stored list with it, Cancel reads the stored one back.
+// the stored list with it, Cancel reads the stored one back. Either way the context's list is the
+// stored one afterwards, so the next parttype run searches what the user accepted.
 
 #include <QDialog>
 
 #include "common/user_messages.h"
+#include "jobs/plot_context.h"
 #include "shell/decal_lib_list.h"
 #include "ui/dialog_services.h"
 
@@ -19,7 +21,8 @@ class TDecalLibList : public QDialog {
     Q_OBJECT
 
   public:
-    TDecalLibList(DialogServices& dialogs, UserMessages& messages, QWidget* parent = nullptr);
+    TDecalLibList(PlotContext& context, DialogServices& dialogs, UserMessages& messages,
+                  QWidget* parent = nullptr);
 
     // The list as the dialog holds it.
     const DecalLibList& Libraries() const { return libraries_; }
@@ -39,6 +42,7 @@ class TDecalLibList : public QDialog {
     void btnDelLibClick();
     void MoveLibrary(int step);
 
+    PlotContext& context_;
     DialogServices& dialogs_;
     UserMessages& messages_;
     DecalLibList libraries_;

@@ -100,11 +100,10 @@ class ScanPanelDisplay : public ScanDisplay {
 
 }  // namespace
 
-TDecalSetup::TDecalSetup(PlotContext& context, ParttypeTextSizes& textSizes, UserMessages& messages,
-                         DialogServices& dialogs, QWidget* parent)
+TDecalSetup::TDecalSetup(PlotContext& context, UserMessages& messages, DialogServices& dialogs,
+                         QWidget* parent)
     : QDialog(parent),
       context_(context),
-      textSizes_(textSizes),
       messages_(messages),
       dialogs_(dialogs),
       penTable_(context.PlotSettings.PenTable) {
@@ -360,10 +359,12 @@ QWidget* TDecalSetup::BuildFormularPage() {
 
     connect(NameAsFormNo, &QCheckBox::toggled, this, &TDecalSetup::UpdateEnabling);
     connect(FormularFont, &QComboBox::currentTextChanged, this, &TDecalSetup::ShowFormularFont);
-    connect(PTNameSize, &QDoubleSpinBox::valueChanged, this,
-            [this](double value) { textSizes_.PTNameSize = value + kPTNameSizeOffset; });
-    connect(PTAttrSize, &QDoubleSpinBox::valueChanged, this,
-            [this](double value) { textSizes_.PTAttrSize = value * kPTAttrSizeFactor; });
+    connect(PTNameSize, &QDoubleSpinBox::valueChanged, this, [this](double value) {
+        context_.ParttypeTextSizes.PTNameSize = value + kPTNameSizeOffset;
+    });
+    connect(PTAttrSize, &QDoubleSpinBox::valueChanged, this, [this](double value) {
+        context_.ParttypeTextSizes.PTAttrSize = value * kPTAttrSizeFactor;
+    });
     return page;
 }
 
@@ -498,8 +499,8 @@ void TDecalSetup::CopyIn(const PlotSettings& s) {
     ShowLayerCells();
     PaintBox->update();
     copying_ = false;
-    PTNameSize->SetValue(textSizes_.PTNameSize - kPTNameSizeOffset);
-    PTAttrSize->SetValue(textSizes_.PTAttrSize / kPTAttrSizeFactor);
+    PTNameSize->SetValue(context_.ParttypeTextSizes.PTNameSize - kPTNameSizeOffset);
+    PTAttrSize->SetValue(context_.ParttypeTextSizes.PTAttrSize / kPTAttrSizeFactor);
     ShowAttributes(-1);
     UpdateEnabling();
 }
@@ -673,7 +674,7 @@ void TDecalSetup::ShowLayerCells() {
 }
 
 void TDecalSetup::btnLibListClick() {
-    TDecalLibList dialog(dialogs_, messages_, this);
+    TDecalLibList dialog(context_, dialogs_, messages_, this);
     dialog.exec();
 }
 

@@ -13,7 +13,6 @@
 
 #include "common/user_messages.h"
 #include "jobs/plot_context.h"
-#include "shell/parttype_text_sizes.h"
 #include "shell/plot_settings.h"
 #include "ui/dialog_services.h"
 
@@ -41,10 +40,10 @@ class TDecalSetup : public QDialog {
     Q_OBJECT
 
   public:
-    // Edits `context`'s settings and attribute list for its PlotKind. `textSizes` are the
-    // parttype text heights the main window keeps (and saves with the recent files).
-    TDecalSetup(PlotContext& context, ParttypeTextSizes& textSizes, UserMessages& messages,
-                DialogServices& dialogs, QWidget* parent = nullptr);
+    // Edits `context`'s settings, attribute list and parttype text heights (which the main
+    // window saves with the recent files) for its PlotKind.
+    TDecalSetup(PlotContext& context, UserMessages& messages, DialogServices& dialogs,
+                QWidget* parent = nullptr);
 
     void accept() override;
     void done(int result) override;
@@ -81,7 +80,6 @@ class TDecalSetup : public QDialog {
     void btnLibListClick();
 
     PlotContext& context_;
-    ParttypeTextSizes& textSizes_;
     UserMessages& messages_;
     DialogServices& dialogs_;
     // The pen table as the colour cells and layer cells edit it; copied out on OK.

@@ -46,14 +46,13 @@ class DecalSetupTest : public SetupDialogTest {
     // The dialog for `kind`, shown: it has loaded the kind's settings.
     std::unique_ptr<TDecalSetup> Open(PlotKind kind) {
         context.PlotKind = kind;
-        auto dialog = std::make_unique<TDecalSetup>(context, textSizes, messages, dialogs);
+        auto dialog = std::make_unique<TDecalSetup>(context, messages, dialogs);
         dialog->show();
         return dialog;
     }
     QTableWidgetItem& LayerCell(QWidget& dialog, int column) {
         return *Find<QTableWidget>(dialog, "LayerGrid").item(0, column);
     }
-    ParttypeTextSizes textSizes;
 };
 
 TEST_F(DecalSetupTest, OkStoresEveryPageAndTheNextLoadHasIt) {
@@ -117,8 +116,8 @@ TEST_F(DecalSetupTest, IndexAndParttypePagesRoundTrip) {
     Find<NumericEdit>(*parttype, "PTAttrSize").SetValue(2.1);
     Click(*parttype, "OKButton");
     EXPECT_FALSE(Stored(PlotKind::Parttype).ShowDecal);
-    EXPECT_EQ(textSizes.PTNameSize, 5.5);
-    EXPECT_DOUBLE_EQ(textSizes.PTAttrSize, 3.0);
+    EXPECT_EQ(context.ParttypeTextSizes.PTNameSize, 5.5);
+    EXPECT_DOUBLE_EQ(context.ParttypeTextSizes.PTAttrSize, 3.0);
 }
 
 TEST_F(DecalSetupTest, CancelKeepsOnlyTheAttributeList) {
@@ -295,7 +294,7 @@ class LibListTest : public SetupDialogTest {
 TEST_F(LibListTest, LoadsUpToAGapAndEnablesTheArrowsByTheSelection) {
     config_.WriteFile("Brovik/Zantor.conf",
                       "[Decal_LibList]\nFile0=/lib/a.d\nFile1=/lib/b.d\nFile3=/lib/d.d\n");
-    TDecalLibList dialog(dialogs, messages);
+    TDecalLibList dialog(context, dialogs, messages);
     dialog.show();
     EXPECT_EQ(dialog.windowTitle(), "Decals library list");
     EXPECT_EQ(dialog.Libraries(), (DecalLibList{"/lib/a.d", "/lib/b.d"}));
@@ -317,7 +316,7 @@ TEST_F(LibListTest, AddsEachDecalLibraryOnceAndOkReplacesTheStoredList) {
     const auto parttypes = config_.WriteFile("x.p", "7400 DIP14 I TTL 0 1 0 0\n");
     const QString path = QString::fromStdString(library.string());
     dialogs.answers = {path, path, QString::fromStdString(parttypes.string())};
-    TDecalLibList dialog(dialogs, messages);
+    TDecalLibList dialog(context, dialogs, messages);
     dialog.show();
     for (int i = 0; i < 3; ++i) {
         Click(dialog, "btnAddLib");
@@ -329,18 +328,20 @@ TEST_F(LibListTest, AddsEachDecalLibraryOnceAndOkReplacesTheStoredList) {
     Click(dialog, "btnOK");
     EXPECT_EQ(LoadDecalLibList(SettingsStore::OpenMain()),
               (DecalLibList{library.string(), "/lib/old.d"}));
+    EXPECT_EQ(context.DecalLibList, (DecalLibList{library.string(), "/lib/old.d"}));
     EXPECT_TRUE(messages.Texts().empty());
 }
 
 TEST_F(LibListTest, CancelReadsTheStoredListBack) {
     Store({"/lib/a.d", "/lib/b.d"});
-    TDecalLibList dialog(dialogs, messages);
+    TDecalLibList dialog(context, dialogs, messages);
     dialog.show();
     Find<QListWidget>(dialog, "LibList").setCurrentRow(0);
     Click(dialog, "btnDelLib");
     Click(dialog, "btnCancel");
     EXPECT_EQ(dialog.Libraries(), (DecalLibList{"/lib/a.d", "/lib/b.d"}));
     EXPECT_EQ(LoadDecalLibList(SettingsStore::OpenMain()), dialog.Libraries());
+    EXPECT_EQ(context.DecalLibList, dialog.Libraries());
 }
 
 using GeneralDialogsTest = SetupDialogTest;

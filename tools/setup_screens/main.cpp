@@ -58,7 +58,6 @@ int main(int argc, char** argv) {
     NoDialogs dialogs;
     zantor::StderrMessages messages;
     zantor::PlotContext context;
-    zantor::ParttypeTextSizes sizes;
     {
         zantor::SettingsStore store = zantor::SettingsStore::OpenMain();
         zantor::SaveAttributes({{"Value", true}, {"Part Number", false}, {"Geometry.Height", true}},
@@ -74,7 +73,7 @@ int main(int argc, char** argv) {
         {zantor::PlotKind::Parttype, "parttype"}};
     for (const auto& [kind, name] : kinds) {
         context.PlotKind = kind;
-        zantor::TDecalSetup setup(context, sizes, messages, dialogs);
+        zantor::TDecalSetup setup(context, messages, dialogs);
         setup.show();
         auto* tabs = setup.findChild<QTabWidget*>("DecalTabs");
         for (int page = 0; page < tabs->count(); ++page) {
@@ -88,7 +87,7 @@ int main(int argc, char** argv) {
         setup.reject();
     }
 
-    zantor::TDecalLibList libList(dialogs, messages);
+    zantor::TDecalLibList libList(context, dialogs, messages);
     libList.show();
     libList.findChild<QListWidget*>("LibList")->setCurrentRow(0);
     Save(libList, folder, "lib-list");
