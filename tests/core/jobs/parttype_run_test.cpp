@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "font/font_location.h"
+#include "jobs/parttype_decals.h"
 #include "jobs/screen_pages.h"
 #include "output/trace_target.h"
 #include "support/page_test_support.h"
@@ -200,6 +201,31 @@ TEST(ParttypeRun, AbortStopsBeforeTheNextParttypeAndSeparateDocuments) {
         ASSERT_EQ(pages.size(), 1u);
         EXPECT_NE(pages[0].find(corners[i]), std::string::npos) << i;
     }
+}
+
+TEST(DecalShelf, TheFirstLibraryInListOrderHoldingANameWins) {
+    test::TempDir dir;
+    const auto decal = [](const std::string& name, int terminals) {
+        std::string text = name + " M 0 0 0 0 0 0 " + std::to_string(terminals) + " 1\n";
+        for (int t = 0; t < terminals; ++t) {
+            text += "T" + std::to_string(t) + " 0 " + std::to_string(t) + " 0 " +
+                    std::to_string(t + 1) + "\n";
+        }
+        return text + "PAD 0 1 P 0 0 0 0\n-2 1 R\n\n";
+    };
+    const auto first = dir.WriteFile("a.d", "*PADS-LIBRARY-PCB-DECALS-V4*\n\n" + decal("X", 1));
+    const auto second =
+        dir.WriteFile("b.d", "*PADS-LIBRARY-PCB-DECALS-V4*\n\n" + decal("X", 2) + decal("Y", 3));
+    RecordingMessages messages;
+    DecalShelf shelf;
+    shelf.Fill({Parttypes("v9_library.p"), first, second}, {"X", "Y", "Z"}, messages);
+    ASSERT_NE(shelf.Find("X"), nullptr);
+    EXPECT_EQ(shelf.Find("X")->counts.terminals, 1);
+    ASSERT_NE(shelf.Find("Y"), nullptr);
+    EXPECT_EQ(shelf.Find("Y")->counts.terminals, 3);
+    EXPECT_EQ(shelf.Find("Z"), nullptr);
+    EXPECT_EQ(messages.Texts(),
+              Texts{"Not a decal library: " + Parttypes("v9_library.p").string()});
 }
 
 TEST(ParttypeRun, PreviewShowsTheFirstPageAndTheViewBoxStaysGrey) {
