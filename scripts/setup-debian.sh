@@ -13,8 +13,10 @@ required=(
     hershey-fonts-data
     poppler-utils
 )
-# The system printer tests (a CUPS queue backed by cups-pdf) and the benchmark.
+# The system printer tests (a CUPS queue backed by cups-pdf), the benchmark, and the desktop
+# program in an X server for scripts/screenshots.sh.
 optional=(
+    xvfb xauth
     cups cups-daemon cups-client cups-filters printer-driver-cups-pdf ghostscript
     python3 time
 )

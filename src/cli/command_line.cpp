@@ -112,6 +112,11 @@ int ReportFailure(std::ostream& err, const std::exception& error) {
     return kExitFailure;
 }
 
+bool NamesCommand(const std::string& word) {
+    return std::any_of(std::begin(kCommands), std::end(kCommands),
+                       [&word](const Command& command) { return command.name == word; });
+}
+
 int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     if (args.empty()) {
         return ReportUsageError(err, "no command given");

@@ -19,6 +19,9 @@ inline constexpr int kExitUsage = 2;    // the command line itself is wrong
 // status. Results go to `out`; messages about failures and usage go to `err`.
 int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
+// Whether `word` is the name of a command ("list", "print", "info").
+bool NamesCommand(const std::string& word);
+
 // For the commands: writes "zantor: " + `problem` and the usage hint to `err`; returns kExitUsage.
 int ReportUsageError(std::ostream& err, const std::string& problem);
 

@@ -24,7 +24,7 @@ const std::string& KnownQueue(const std::string& queue) {
 
 }  // namespace
 
-PrinterTarget::PrinterTarget(const std::string& queue)
+PrinterTarget::PrinterTarget(const std::string& queue, const QPageSize& paper)
     : queue_(KnownQueue(queue)), printer_(QPrinter::HighResolution) {
     const QString name = QString::fromStdString(queue);
     const QPrinterInfo info = QPrinterInfo::printerInfo(name);
@@ -37,10 +37,11 @@ PrinterTarget::PrinterTarget(const std::string& queue)
     printer_.setCreator(QString::fromLatin1(kDocumentTitle));
     printer_.setFullPage(false);
     printer_.setPageOrientation(QPageLayout::Portrait);
-    // The paper the printer is set up with, not the one of the user's locale.
-    const QPageSize paper = info.defaultPageSize();
-    if (paper.isValid()) {
-        printer_.setPageSize(paper);
+    // The paper chosen for this printer, else the one it is set up with, not the one of the
+    // user's locale.
+    const QPageSize chosen = paper.isValid() ? paper : info.defaultPageSize();
+    if (chosen.isValid()) {
+        printer_.setPageSize(chosen);
     }
 }
 

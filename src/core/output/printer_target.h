@@ -5,6 +5,7 @@
 // is spooled while it is drawn and goes to the printer whole when it ends, so that an aborted
 // document prints nothing.
 
+#include <QPageSize>
 #include <QPrinter>
 #include <string>
 
@@ -17,7 +18,8 @@ namespace zantor {
 class PrinterTarget final : public PageOutput {
   public:
     // An IoError "Printer not found: <queue>" when the print system does not know `queue`.
-    explicit PrinterTarget(const std::string& queue);
+    // `paper` is the paper chosen for the printer; without one the printer's default paper.
+    explicit PrinterTarget(const std::string& queue, const QPageSize& paper = QPageSize());
     ~PrinterTarget() override;
 
     PageMetrics Page() const override;

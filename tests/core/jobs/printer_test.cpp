@@ -22,58 +22,13 @@
 #include "font/font_location.h"
 #include "jobs/print_job.h"
 #include "output/printer_target.h"
+#include "support/cups_pdf.h"
 #include "support/page_test_support.h"
 #include "support/recording_messages.h"
 #include "support/test_support.h"
 
-#ifdef __unix__
-#include <pwd.h>
-#include <unistd.h>
-#endif
-
 namespace zantor {
 namespace {
-
-// Where cups-pdf puts this user's PDFs for `queue`: the Out line of the queue's own cups-pdf
-// configuration (or the shared one), with ${HOME} and ${USER} filled in as cups-pdf does.
-std::optional<std::filesystem::path> CupsPdfFolder(const std::string& queue) {
-#ifdef __unix__
-    const passwd* user = getpwuid(getuid());
-    for (const std::string& name :
-         {"/etc/cups/cups-pdf-" + queue + ".conf", std::string("/etc/cups/cups-pdf.conf")}) {
-        std::ifstream config(name);
-        std::string line;
-        while (user != nullptr && std::getline(config, line)) {
-            if (!line.starts_with("Out ")) {
-                continue;
-            }
-            std::string folder = line.substr(4);
-            for (const auto& [key, value] :
-                 {std::pair<std::string, std::string>{"${HOME}", user->pw_dir},
-                  {"${USER}", user->pw_name}}) {
-                for (auto at = folder.find(key); at != std::string::npos; at = folder.find(key)) {
-                    folder.replace(at, key.size(), value);
-                }
-            }
-            return std::filesystem::path(folder);
-        }
-    }
-#else
-    (void)queue;
-#endif
-    return std::nullopt;
-}
-
-std::set<std::filesystem::path> PdfsIn(const std::filesystem::path& folder) {
-    std::set<std::filesystem::path> files;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        if (entry.path().extension() == ".pdf") {
-            files.insert(entry.path());
-        }
-    }
-    return files;
-}
 
 // Pages are rendered at 5 dots per millimetre.
 constexpr int kDotsPerMm = 5;
@@ -108,20 +63,19 @@ class Printer : public ::testing::Test {
   protected:
     void SetUp() override {
         test::App();
-        const char* queue = std::getenv("ZANTOR_TEST_PRINTER");
-        queue_ = queue != nullptr && *queue != '\0' ? queue : "ZantorPDF";
+        queue_ = test::CupsPdfQueue();
         if (QPrinterInfo::printerInfo(QString::fromStdString(queue_)).isNull()) {
             GTEST_SKIP() << "CUPS queue " << queue_
                          << " is not available (CUPS is not running here, or "
                             "scripts/setup-cups.sh has not set it up): the system print path "
                             "is not tested";
         }
-        const auto folder = CupsPdfFolder(queue_);
+        const auto folder = test::CupsPdfFolder(queue_);
         if (!folder) {
             GTEST_SKIP() << "no cups-pdf output folder is configured for " << queue_;
         }
         folder_ = *folder;
-        before_ = PdfsIn(folder_);
+        before_ = test::PdfsIn(folder_);
         context_.PlotSettings.Inputfile =
             (test::SourceDir() / "data" / "samples" / "sample.d").string();
         ASSERT_TRUE(context_.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages_));
@@ -133,7 +87,7 @@ class Printer : public ::testing::Test {
         int pages, const std::function<bool(const std::filesystem::path&)>& belongs) {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
         while (std::chrono::steady_clock::now() < deadline) {
-            for (const auto& file : PdfsIn(folder_)) {
+            for (const auto& file : test::PdfsIn(folder_)) {
                 const auto info = before_.count(file) == 0 ? test::ReadPdfInfo(file) : std::nullopt;
                 if (info && info->pages == pages && belongs(file)) {
                     return file;
