@@ -17,8 +17,10 @@ constexpr const char* kUsage = "usage: zantor COMMAND ARGUMENTS (see zantor --he
 
 constexpr const char* kHelpIntroduction =
     "usage: zantor COMMAND ARGUMENTS\n"
+    "       zantor [FILE]\n"
     "\n"
     "Zantor prints PADS PowerPCB decal and parttype libraries as drawing sheets.\n"
+    "Without a command it opens the desktop program, with FILE as its input file.\n"
     "\n"
     "Commands:\n";
 

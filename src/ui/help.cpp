@@ -52,7 +52,13 @@ void ShowHelp(QWidget* parent, int context) {
         return;
     }
     if (window.isNull()) {
-        window = new QTextBrowser();
+        // A window of its own, owned by the program's main window so that it goes with it.
+        QWidget* owner = parent;
+        while (owner != nullptr && owner->parentWidget() != nullptr) {
+            owner = owner->parentWidget();
+        }
+        window = new QTextBrowser(owner);
+        window->setWindowFlag(Qt::Window);
         window->setAttribute(Qt::WA_DeleteOnClose);
         window->setObjectName(QStringLiteral("HelpWindow"));
         window->setWindowTitle(QStringLiteral("Zantor Help"));

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QStyle>
 #include <exception>
@@ -114,7 +115,7 @@ void TMainForm::BuildControls() {
     PrintParttype = Button(client, "PrintParttype", QStringLiteral("Print &Parttype"),
                            "Select parttypes to print", QRect(232, 60, 112, 28));
     HelpButton = Button(client, "HelpButton", QString(), "Help contents.", QRect(350, 60, 30, 28));
-    HelpButton->setIcon(style()->standardIcon(QStyle::SP_DialogHelpButton));
+    HelpButton->setIcon(style()->standardIcon(QStyle::SP_MessageBoxQuestion));
     ExitButton = Button(client, "ExitButton", QString(), "Exit program", QRect(384, 60, 30, 28));
     ExitButton->setIcon(style()->standardIcon(QStyle::SP_DialogCloseButton));
     client->setFixedSize(422, 98);
@@ -131,6 +132,8 @@ void TMainForm::BuildControls() {
     connect(PrintParttype, &QPushButton::clicked, this, &TMainForm::PrintParttypeClick);
     connect(ExitButton, &QPushButton::clicked, this, &QWidget::close);
     connect(HelpButton, &QPushButton::clicked, this, [this] { ShowHelp(this, kHelpContents); });
+    auto* f1 = new QShortcut(QKeySequence::HelpContents, this);
+    connect(f1, &QShortcut::activated, this, [this] { ShowHelp(this, kHelpMainWindow); });
 }
 
 void TMainForm::BuildMenus() {

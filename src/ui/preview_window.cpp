@@ -4,12 +4,14 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QResizeEvent>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <exception>
 
 #include "jobs/screen_pages.h"
+#include "ui/help.h"
 
 namespace zantor {
 
@@ -90,6 +92,8 @@ TPreviewWin::TPreviewWin(WindowServices& services, std::vector<std::string> sele
     layout->addWidget(Panel2);
 
     connect(btnClose, &QPushButton::clicked, this, &QDialog::accept);
+    auto* f1 = new QShortcut(QKeySequence::HelpContents, this);
+    connect(f1, &QShortcut::activated, this, [this] { ShowHelp(this, kHelpPreview); });
     // A portrait page of the screen's height.
     resize(PreviewWidthForHeight(560), 560);
 }
