@@ -17,8 +17,13 @@
 #include "shell/identification.h"
 #include "shell/settings_io.h"
 #include "shell/settings_store.h"
+#include "ui/decal_lib_list.h"
+#include "ui/decal_setup.h"
+#include "ui/font_file_dialog.h"
 #include "ui/help.h"
 #include "ui/input_file_rules.h"
+#include "ui/options_setup.h"
+#include "ui/paper_setup.h"
 #include "ui/printer_choice.h"
 #include "ui/progress_window.h"
 #include "ui/select_decals.h"
@@ -173,11 +178,11 @@ void TMainForm::BuildMenus() {
 
     QMenu* setup = menuBar()->addMenu(QStringLiteral("&Setup"));
     addItem(setup, "D1", "PCB-&decal...",
-            setupAction(DecalSetupDialog(PlotKind::Decal), kindSetter(PlotKind::Decal)));
+            setupAction(DecalSetupDialog(), kindSetter(PlotKind::Decal)));
     addItem(setup, "I1", "PCB-decal &index...",
-            setupAction(DecalSetupDialog(PlotKind::Index), kindSetter(PlotKind::Index)));
+            setupAction(DecalSetupDialog(), kindSetter(PlotKind::Index)));
     addItem(setup, "Parttype1", "Par&ttype...",
-            setupAction(DecalSetupDialog(PlotKind::Parttype), kindSetter(PlotKind::Parttype)));
+            setupAction(DecalSetupDialog(), kindSetter(PlotKind::Parttype)));
     setup->addSeparator();
     addItem(setup, "P1", "&Paper...", setupAction(PaperSetupDialog()));
     addItem(setup, "O1", "&Options...", setupAction(OptionsDialog()));
@@ -191,29 +196,45 @@ void TMainForm::BuildMenus() {
 }
 
 // ---- The setup dialogs -------------------------------------------------------------------
-// Each function returns what shows its dialog modally over the given window (and saves the
-// settings when the dialog is accepted). The dialogs are not part of the program yet: the empty
-// functions keep their menu entries and the selection dialog's "&Setup" and "&Lib. List..."
-// buttons disabled. Wire a dialog by returning its function here.
+// Each function returns what shows its dialog modally over the given window; the dialogs copy
+// the settings in and out and save them themselves. An empty function would leave its menu entry
+// (and the selection dialog's "&Setup" or "&Lib. List..." button) disabled.
 
-std::function<void(QWidget*)> TMainForm::DecalSetupDialog(PlotKind /*kind*/) {
-    return {};  // TDecalSetup for the context's PlotKind
+std::function<void(QWidget*)> TMainForm::DecalSetupDialog() {
+    // The dialog serves the context's PlotKind, which the menu entry or the command has set.
+    return [this](QWidget* parent) {
+        TDecalSetup dialog(services_.context, textSizes_, services_.messages, services_.dialogs,
+                           parent);
+        dialog.exec();
+    };
 }
 
 std::function<void(QWidget*)> TMainForm::DecalLibListDialog() {
-    return {};  // TDecalLibList
+    return [this](QWidget* parent) {
+        TDecalLibList dialog(services_.dialogs, services_.messages, parent);
+        dialog.exec();
+    };
 }
 
 std::function<void(QWidget*)> TMainForm::PaperSetupDialog() {
-    return {};  // TPaperSetup
+    return [this](QWidget* parent) {
+        TPaperSetup dialog(services_.context, services_.messages, parent);
+        dialog.exec();
+    };
 }
 
 std::function<void(QWidget*)> TMainForm::OptionsDialog() {
-    return {};  // TOptionsSetup
+    return [this](QWidget* parent) {
+        TOptionsSetup dialog(services_.context, services_.messages, parent);
+        dialog.exec();
+    };
 }
 
 std::function<void(QWidget*)> TMainForm::FontFileDialog() {
-    return {};  // TPADSFontFile: Fontfile in, its trimmed name back on OK, SaveSettings always
+    return [this](QWidget* parent) {
+        TPADSFontFile dialog(services_.dialogs, parent);
+        RunFontFileDialog(dialog, services_.context, services_.messages);
+    };
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -344,7 +365,7 @@ void TMainForm::PrintParttypeClick() {
 
 void TMainForm::SelectAndPrint() {
     TSelectDecals dialog(services_, this);
-    dialog.SetDecalSetup(DecalSetupDialog(services_.context.PlotKind));
+    dialog.SetDecalSetup(DecalSetupDialog());
     dialog.SetLibList(DecalLibListDialog());
     if (dialog.exec() != QDialog::Accepted) {
         return;

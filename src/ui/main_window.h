@@ -52,9 +52,8 @@ class TMainForm : public QMainWindow {
     void SelectAndPrint();
     void PrintSelection(const std::vector<std::string>& names);
 
-    // The setup dialogs, each as the function that shows it; an empty function leaves its menu
-    // entry and button disabled.
-    std::function<void(QWidget*)> DecalSetupDialog(PlotKind kind);
+    // The setup dialogs, each as the function that shows it modally over a window.
+    std::function<void(QWidget*)> DecalSetupDialog();
     std::function<void(QWidget*)> DecalLibListDialog();
     std::function<void(QWidget*)> PaperSetupDialog();
     std::function<void(QWidget*)> OptionsDialog();

@@ -1,6 +1,7 @@
 // The main window: which print buttons a name enables, the recent-file list kept across runs,
 // and the failures of a print command, which change nothing.
 
+#include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -68,6 +69,29 @@ TEST_F(MainWindow, PrintButtonsFollowTheTypedName) {
     // The record follows the box, cut to its 60 characters.
     Type(window, std::string(70, 'a'));
     EXPECT_EQ(context.PlotSettings.Inputfile, std::string(60, 'a'));
+}
+
+TEST_F(MainWindow, EveryMenuEntryIsThereWithItsText) {
+    TMainForm window(services);
+    EXPECT_EQ(window.windowTitle(), "Zantor");
+    const std::vector<std::pair<const char*, const char*>> entries = {
+        {"Open1", "&Open..."},
+        {"Printersetup1", "&Printer setup..."},
+        {"Exit1", "E&xit"},
+        {"D1", "PCB-&decal..."},
+        {"I1", "PCB-decal &index..."},
+        {"Parttype1", "Par&ttype..."},
+        {"P1", "&Paper..."},
+        {"O1", "&Options..."},
+        {"Fontfile1", "&Fontfile..."},
+        {"About1", "&About..."},
+    };
+    for (const auto& [name, text] : entries) {
+        const auto* action = window.findChild<QAction*>(QString::fromLatin1(name));
+        ASSERT_NE(action, nullptr) << name;
+        EXPECT_EQ(action->text(), text) << name;
+        EXPECT_TRUE(action->isEnabled()) << name;
+    }
 }
 
 TEST_F(MainWindow, OpenDialogOffersTheFourFiltersAndKeepsTheNameOnCancel) {
