@@ -81,7 +81,7 @@ TMainForm::TMainForm(WindowServices& services, QWidget* parent)
     context.PlotKind = PlotKind::Decal;
     try {
         const SettingsStore store = SettingsStore::OpenMain();
-        LoadRecentFiles(recent, textSizes_, store);
+        LoadRecentFiles(recent, services_.context.ParttypeTextSizes, store);
         LoadSettings(context.PlotSettings, context.PlotKind, store);
     } catch (const std::exception& error) {
         services_.messages.ShowError(error.what());
@@ -203,8 +203,8 @@ void TMainForm::BuildMenus() {
 std::function<void(QWidget*)> TMainForm::DecalSetupDialog() {
     // The dialog serves the context's PlotKind, which the menu entry or the command has set.
     return [this](QWidget* parent) {
-        TDecalSetup dialog(services_.context, textSizes_, services_.messages, services_.dialogs,
-                           parent);
+        TDecalSetup dialog(services_.context, services_.context.ParttypeTextSizes,
+                           services_.messages, services_.dialogs, parent);
         dialog.exec();
     };
 }
@@ -259,7 +259,7 @@ void TMainForm::showEvent(QShowEvent* event) {
 void TMainForm::closeEvent(QCloseEvent* event) {
     try {
         SettingsStore store = SettingsStore::OpenMain();
-        SaveRecentFiles(RecentFiles(), textSizes_, store);
+        SaveRecentFiles(RecentFiles(), services_.context.ParttypeTextSizes, store);
     } catch (const std::exception& error) {
         services_.messages.ShowError(error.what());
     }
@@ -313,21 +313,7 @@ void TMainForm::RunDecalCommand(PlotKind kind) {
         services_.messages.ShowError(kNotADecalFile);
         return;
     }
-    AddToRecentFiles();
-    PlotContext& context = services_.context;
-    const CommandState before(context);
-    try {
-        SettingsStore mainStore = SettingsStore::OpenMain();
-        const SettingsStore zantorStore = SettingsStore::OpenZantor();
-        if (PreparePrintCommand(context, kind, file, mainStore, zantorStore, &mainStore,
-                                services_.messages)) {
-            SelectAndPrint();
-        }
-    } catch (const std::exception& failure) {
-        before.Restore(context);
-        services_.messages.ShowError(failure.what());
-    }
-    context.StrokeFont.Free();
+    RunPrintCommand(kind, file);
 }
 
 void TMainForm::PrintParttypeClick() {
@@ -342,18 +328,18 @@ void TMainForm::PrintParttypeClick() {
         services_.messages.ShowError(kNotAParttypeFile);
         return;
     }
+    RunPrintCommand(PlotKind::Parttype, file);
+}
+
+void TMainForm::RunPrintCommand(PlotKind kind, const std::string& file) {
     AddToRecentFiles();
     PlotContext& context = services_.context;
     const CommandState before(context);
     try {
-        context.PlotKind = PlotKind::Parttype;
         SettingsStore mainStore = SettingsStore::OpenMain();
-        LoadSettings(context.PlotSettings, context.PlotKind, mainStore);
-        context.PlotSettings.Inputfile = file;
-        LoadAttributeList(context.AttributeList, context.PlotKind, SettingsStore::OpenZantor());
-        SaveSettings(context.PlotSettings, context.PlotKind, context.AttributeList, mainStore);
-        context.StrokeFont.Free();
-        if (context.StrokeFont.Load(context.PlotSettings.Fontfile, services_.messages)) {
+        const SettingsStore zantorStore = SettingsStore::OpenZantor();
+        if (PreparePrintCommand(context, kind, file, mainStore, zantorStore, &mainStore,
+                                services_.messages)) {
             SelectAndPrint();
         }
     } catch (const std::exception& failure) {
@@ -374,17 +360,15 @@ void TMainForm::SelectAndPrint() {
     if (names.empty()) {
         return;
     }
-    if (services_.context.PlotKind == PlotKind::Parttype) {
-        services_.messages.ShowInfo("Parttype pages cannot be printed by this version yet.");
-        return;
-    }
     PrintSelection(names);
 }
 
 void TMainForm::PrintSelection(const std::vector<std::string>& names) {
     PlotContext& context = services_.context;
+    // Every decal page and every parttype is a document of its own with SeperatePages; index
+    // pages are not.
     const bool separateDocuments =
-        context.PlotSettings.SeperatePages && context.PlotKind == PlotKind::Decal;
+        context.PlotSettings.SeperatePages && context.PlotKind != PlotKind::Index;
     const std::unique_ptr<PageOutput> target =
         MakePrinterOutput(services_.printer, separateDocuments);
     TProcWin progress(

@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "shell/parttype_text_sizes.h"
 #include "shell/plot_settings.h"
 #include "ui/window_services.h"
 
@@ -48,6 +47,9 @@ class TMainForm : public QMainWindow {
     void Printersetup1Click();
     // The decal and index commands.
     void RunDecalCommand(PlotKind kind);
+    // A print command on `file` once its test has passed: settings, stroke font, selection
+    // dialog, printer dialog, progress window.
+    void RunPrintCommand(PlotKind kind, const std::string& file);
     // The selection dialog, and on its OK the run on the chosen printer.
     void SelectAndPrint();
     void PrintSelection(const std::vector<std::string>& names);
@@ -60,7 +62,6 @@ class TMainForm : public QMainWindow {
     std::function<void(QWidget*)> FontFileDialog();
 
     WindowServices& services_;
-    ParttypeTextSizes textSizes_;
 
     QComboBox* InputFile = nullptr;
     QPushButton* btnOpen = nullptr;

@@ -47,9 +47,9 @@ class ViewBox : public QWidget {
         QPainter painter(this);
         const ScreenBox box{width(), height(), static_cast<double>(logicalDpiX()),
                             static_cast<double>(logicalDpiY())};
-        if (services_.context.PlotKind == PlotKind::Parttype || failed_) {
+        if (failed_) {
             painter.setPen(QPen(Qt::black, 0));
-            painter.setBrush(failed_ ? QColor(Qt::white) : QColor(128, 128, 128));
+            painter.setBrush(Qt::white);
             painter.drawRect(0, 0, box.width - 1, box.height - 1);
             return;
         }

@@ -87,5 +87,28 @@ TEST_F(PrintRun, FromTheMainWindowToThePrinterQueue) {
     std::filesystem::remove(*pdf);
 }
 
+TEST_F(PrintRun, ParttypesFromTheMainWindowToAPdfFileChosenInThePrintDialog) {
+    const test::TempDir dir;
+    const std::filesystem::path pdf = dir.Path() / "parttypes.pdf";
+    TMainForm window(services);
+    window.SetInputFile(QString::fromStdString(
+        (test::DataDir() / "library" / "catalogue" / "v9_parttypes.p").string()));
+    window.show();
+    dialogs.printerAnswer = pdf.string();
+    dialogs.printToFile = true;
+    bool answered = false;
+    QTimer::singleShot(0, [&answered] { AnswerSelectionDialog({0, 1}, 200, answered); });
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("PrintParttype")),
+                      Qt::LeftButton);
+    ASSERT_TRUE(answered);
+    EXPECT_EQ(context.PlotKind, PlotKind::Parttype);
+    const auto info = test::ReadPdfInfo(pdf);
+    ASSERT_TRUE(info) << "no PDF at " << pdf;
+    EXPECT_GE(info->pages, 2);
+    for (const std::string& text : messages.Texts()) {
+        ADD_FAILURE() << text;
+    }
+}
+
 }  // namespace
 }  // namespace zantor

@@ -55,8 +55,12 @@ class ScriptedDialogs : public DialogServices {
         if (printerAnswer.empty()) {
             return false;
         }
-        printer.setOutputFormat(QPrinter::NativeFormat);
-        printer.setPrinterName(QString::fromStdString(printerAnswer));
+        if (printToFile) {
+            printer.setOutputFileName(QString::fromStdString(printerAnswer));
+        } else {
+            printer.setOutputFormat(QPrinter::NativeFormat);
+            printer.setPrinterName(QString::fromStdString(printerAnswer));
+        }
         return true;
     }
     bool ExecPrinterSetup(QWidget*, QPrinter&) override { return false; }
@@ -64,8 +68,10 @@ class ScriptedDialogs : public DialogServices {
     // The names the file dialogs give, in turn; an empty name is a cancelled dialog.
     std::deque<QString> openAnswers;
     std::deque<QString> saveAnswers;
-    // The queue the print dialog chooses; empty: the user cancels.
+    // The queue the print dialog chooses (the PDF file with printToFile); empty: the user
+    // cancels.
     std::string printerAnswer;
+    bool printToFile = false;
 
     QString openFilters, openDirectory, saveSuggested, saveFilters;
     int printDialogs = 0;
