@@ -203,15 +203,14 @@ void TMainForm::BuildMenus() {
 std::function<void(QWidget*)> TMainForm::DecalSetupDialog() {
     // The dialog serves the context's PlotKind, which the menu entry or the command has set.
     return [this](QWidget* parent) {
-        TDecalSetup dialog(services_.context, services_.context.ParttypeTextSizes,
-                           services_.messages, services_.dialogs, parent);
+        TDecalSetup dialog(services_.context, services_.messages, services_.dialogs, parent);
         dialog.exec();
     };
 }
 
 std::function<void(QWidget*)> TMainForm::DecalLibListDialog() {
     return [this](QWidget* parent) {
-        TDecalLibList dialog(services_.dialogs, services_.messages, parent);
+        TDecalLibList dialog(services_.context, services_.dialogs, services_.messages, parent);
         dialog.exec();
     };
 }
