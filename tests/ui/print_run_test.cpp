@@ -96,6 +96,8 @@ TEST_F(PrintRun, ParttypesFromTheMainWindowToAPdfFileChosenInThePrintDialog) {
     window.show();
     dialogs.printerAnswer = pdf.string();
     dialogs.printToFile = true;
+    // The paper chosen for the printer is the paper of the run.
+    printer.setPageSize(QPageSize(QPageSize::A3));
     bool answered = false;
     QTimer::singleShot(0, [&answered] { AnswerSelectionDialog({0, 1}, 200, answered); });
     QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("PrintParttype")),
@@ -105,6 +107,7 @@ TEST_F(PrintRun, ParttypesFromTheMainWindowToAPdfFileChosenInThePrintDialog) {
     const auto info = test::ReadPdfInfo(pdf);
     ASSERT_TRUE(info) << "no PDF at " << pdf;
     EXPECT_GE(info->pages, 2);
+    EXPECT_NEAR(info->widthPoints, 841.9, 1.0);
     for (const std::string& text : messages.Texts()) {
         ADD_FAILURE() << text;
     }
