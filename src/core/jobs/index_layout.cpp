@@ -87,4 +87,18 @@ CellPlacement PlaceInCell(const IndexLayout& layout, double usableHeight, int ro
     return placement;
 }
 
+CellPlacement PlaceInBox(const DecalBox& box, const DecalExtents& extents, double unitFactor,
+                         const PlotSettings& settings, bool viewBox) {
+    const bool empty = extents.Empty();
+    const double w = empty ? 0.0 : (extents.xmax - extents.xmin) * unitFactor;
+    const double h = empty ? 0.0 : (extents.ymax - extents.ymin) * unitFactor;
+    const double cx = empty ? 0.0 : (extents.xmin + extents.xmax) / 2;
+    const double cy = empty ? 0.0 : (extents.ymin + extents.ymax) / 2;
+    CellPlacement placement;
+    placement.scale = IndexScale(w, h, box.width, box.height, settings, viewBox);
+    placement.originX = box.centreX - cx * unitFactor * placement.scale;
+    placement.originY = box.centreY - cy * unitFactor * placement.scale;
+    return placement;
+}
+
 }  // namespace zantor

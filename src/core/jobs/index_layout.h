@@ -66,4 +66,18 @@ CellPlacement PlaceInCell(const IndexLayout& layout, double usableHeight, int ro
                           const DecalExtents& extents, double unitFactor,
                           const PlotSettings& settings);
 
+// A box of the page that a decal is fitted into, in page millimetres from the frame's
+// bottom-left corner.
+struct DecalBox {
+    double centreX = 0;
+    double centreY = 0;
+    double width = 0;
+    double height = 0;
+};
+
+// The decal of `extents` (library units) fitted into `box` as an index cell fits it (IndexScale,
+// `viewBox` as there) and centred on the box. For pages that draw decals in boxes of their own.
+CellPlacement PlaceInBox(const DecalBox& box, const DecalExtents& extents, double unitFactor,
+                         const PlotSettings& settings, bool viewBox = false);
+
 }  // namespace zantor

@@ -21,17 +21,17 @@ void IndexRun::StartPageAt() {
     left_ = mirrored ? inputs_.area.mirroredLeft : inputs_.area.page.left;
 }
 
-IndexStep IndexRun::AddDecal(const DecalRecord& record, const PadStackList& stacks,
-                             const DecalExtents& extents) {
+IndexStep IndexRun::AddDecal(const Decal& decal, const DecalExtents& extents,
+                             UnknownPieceReports& reports) {
     const PlotSettings& settings = frame_.Settings();
     const PageGeometry& page = inputs_.area.page;
     if (cellsOnPage_ == 0) {
         StartPageAt();
     }
-    const CellPlacement placement = PlaceInCell(layout_, page.usableHeight, row_, column_, extents,
-                                                record.unitFactor, settings);
+    const CellPlacement placement =
+        PlaceInCell(layout_, page.usableHeight, row_, column_, extents, decal.unitFactor, settings);
     frame_.Scale = placement.scale;
-    frame_.UnitFactor = record.unitFactor;
+    frame_.UnitFactor = decal.unitFactor;
     frame_.OriginX1 = placement.originX;
     frame_.OriginY1 = placement.originY;
     frame_.OriginX2 = left_;
@@ -41,7 +41,7 @@ IndexStep IndexRun::AddDecal(const DecalRecord& record, const PadStackList& stac
     const IndexCellPlace place{
         column_,          row_, layout_.cellHeight, layout_.columnWidth, kIndexCellMargin,
         page.usableHeight};
-    DrawIndexCell(frame_, {record, stacks, font_, place});
+    DrawIndexCell(frame_, {decal, font_, place, reports});
     pageBegun_ = true;
 
     IndexStep step;

@@ -10,9 +10,9 @@
 
 #include "font/stroke_font.h"
 #include "jobs/index_layout.h"
-#include "library/decal_record.h"
-#include "library/pad_stacks.h"
+#include "library/decal.h"
 #include "plot/extents.h"
+#include "plot/pieces.h"
 #include "plot/plot_frame.h"
 
 namespace zantor {
@@ -39,10 +39,11 @@ class IndexRun {
     // unit factor, origins and page height for every cell.
     IndexRun(PlotFrame& frame, const StrokeFont& font, IndexRunInputs inputs);
 
-    // Draws `record` (its pad stacks and its extents in library units given) in the next cell
-    // and moves on. The last selected decal completes its page, so the last page is framed too.
-    IndexStep AddDecal(const DecalRecord& record, const PadStackList& stacks,
-                       const DecalExtents& extents);
+    // Draws `decal` (its extents in library units given) in the next cell and moves on; unknown
+    // piece kinds are reported through `reports`, the job's. The last selected decal completes
+    // its page, so the last page is framed too.
+    IndexStep AddDecal(const Decal& decal, const DecalExtents& extents,
+                       UnknownPieceReports& reports);
 
     // Frames the current page when it was begun but never completed, as when selected names
     // were not found and the last decal drawn was not the last selected. Returns whether it

@@ -2,11 +2,8 @@
 
 #include "jobs/index_layout.h"
 #include "library/decal_reader.h"
-#include "library/pad_stacks.h"
+#include "plot/decal_body.h"
 #include "plot/decal_page.h"
-#include "plot/pieces.h"
-#include "plot/terminals.h"
-#include "plot/text_items.h"
 
 namespace zantor {
 
@@ -29,50 +26,36 @@ void DecalShelf::Fill(const std::vector<std::filesystem::path>& files,
         }
         DecalRecord record;
         while (missing > 0 && reader.NextRecord(record)) {
-            if (wanted.count(record.name) != 0 && records_.count(record.name) == 0) {
-                records_.emplace(record.name, record);
+            if (wanted.count(record.name) != 0 && decals_.count(record.name) == 0) {
+                decals_.emplace(record.name, ParseDecal(record));
                 --missing;
             }
         }
     }
 }
 
-const DecalRecord* DecalShelf::Find(const std::string& name) const {
-    const auto found = records_.find(name);
-    return found == records_.end() ? nullptr : &found->second;
+const Decal* DecalShelf::Find(const std::string& name) const {
+    const auto found = decals_.find(name);
+    return found == decals_.end() ? nullptr : &found->second;
 }
 
-void DrawDecalInCell(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
+void DrawDecalInCell(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                      const PageBox& cell, UnknownPieceReports& reports) {
     const PlotSettings& settings = frame.Settings();
-    DecalExtents extents;
-    PieceExtents(record, extents);
-    TerminalExtents(record, extents);
-    const bool empty = extents.Empty();
-    const double factor = record.unitFactor;
-    const double w = empty ? 0.0 : (extents.xmax - extents.xmin) * factor;
-    const double h = empty ? 0.0 : (extents.ymax - extents.ymin) * factor;
-    const double cx = empty ? 0.0 : (extents.xmin + extents.xmax) / 2;
-    const double cy = empty ? 0.0 : (extents.ymin + extents.ymax) / 2;
-    const double scale =
-        IndexScale(w, h, cell.width * kIndexCellFill, cell.height * kIndexCellFill, settings);
-    frame.Scale = scale;
-    frame.UnitFactor = factor;
-    frame.OriginX1 = cell.x + cell.width / 2 - cx * factor * scale;
-    frame.OriginY1 = cell.y + cell.height / 2 - cy * factor * scale;
+    const DecalBox box{cell.x + cell.width / 2, cell.y + cell.height / 2,
+                       cell.width * kIndexCellFill, cell.height * kIndexCellFill};
+    const CellPlacement fit = PlaceInBox(box, ExtentsOf(decal), decal.unitFactor, settings);
+    frame.Scale = fit.scale;
+    frame.UnitFactor = decal.unitFactor;
+    frame.OriginX1 = fit.originX;
+    frame.OriginY1 = fit.originY;
 
     if (settings.PlotOrigins && settings.OriginSize > 0.01) {
         DrawOriginMarker(frame);
     }
-    const PadStackList stacks = ReadPadStacks(record);
-    TerminalMarks marks;
-    TextItemsPage page;
-    page.commentFont = settings.FormularFont;
-    // Pieces under the pads, the pads, the texts, and the outlines on top, as on a decal page.
-    DrawPieces(frame, record, false, frame.Messages(), reports);
-    DrawTerminals(frame, font, record, stacks, marks);
-    DrawTextItems(frame, record, font, page);
-    DrawPieces(frame, record, true, frame.Messages(), reports);
+    DecalBodyPage page;
+    page.texts.commentFont = settings.FormularFont;
+    DrawDecalBody(frame, decal, font, reports, page);
 }
 
 }  // namespace zantor

@@ -137,10 +137,10 @@ ParttypeRunSummary ParttypeRun::Print(std::span<const std::string> selection,
             DrawParttypePage(frame_, parttype, style, layout, k, found, pcbInput);
             if (k == 0) {
                 for (std::size_t i = 0; i < layout.decalCells.size(); ++i) {
-                    const DecalRecord* record =
+                    const Decal* decal =
                         decals.Find(std::string(CutTo(parttype.decals[i], kMaxDecalNameLength)));
-                    if (record != nullptr) {
-                        DrawDecalInCell(frame_, *record, context_.StrokeFont, layout.decalCells[i],
+                    if (decal != nullptr) {
+                        DrawDecalInCell(frame_, *decal, context_.StrokeFont, layout.decalCells[i],
                                         pieceReports);
                     }
                 }

@@ -6,11 +6,9 @@
 #include "jobs/index_layout.h"
 #include "jobs/index_run.h"
 #include "jobs/parttype_run.h"
-#include "library/pad_stacks.h"
 #include "plot/decal_attributes.h"
+#include "plot/decal_body.h"
 #include "plot/decal_page.h"
-#include "plot/terminals.h"
-#include "plot/text_items.h"
 #include "plot/title_block.h"
 
 namespace zantor {
@@ -19,28 +17,16 @@ namespace {
 // Millimetres per device unit of the printer's mapping.
 constexpr double kPrinterMmPerUnit = 0.01;
 
-DecalExtents ExtentsOf(const DecalRecord& record) {
-    DecalExtents extents;
-    PieceExtents(record, extents);
-    TerminalExtents(record, extents);
-    return extents;
-}
-
 // The decal alone, fitted into the view box: no frame, no title block.
-void DrawDecalAlone(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
+void DrawDecalAlone(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                     UnknownPieceReports& reports) {
     const PlotSettings& settings = frame.Settings();
     if (settings.PlotOrigins && settings.OriginSize > 0.01) {
         DrawOriginMarker(frame);
     }
-    const PadStackList stacks = ReadPadStacks(record);
-    TerminalMarks marks;
-    TextItemsPage page;
-    page.commentFont = settings.FormularFont;
-    DrawPieces(frame, record, false, frame.Messages(), reports);
-    DrawTerminals(frame, font, record, stacks, marks);
-    DrawTextItems(frame, record, font, page);
-    DrawPieces(frame, record, true, frame.Messages(), reports);
+    DecalBodyPage page;
+    page.texts.commentFont = settings.FormularFont;
+    DrawDecalBody(frame, decal, font, reports, page);
 }
 
 }  // namespace
@@ -108,13 +94,19 @@ void PrintJob::StartPrint(std::size_t selectedCount, bool pcbInput) {
 }
 
 void PrintJob::PlotDecal(const DecalRecord& record) {
-    const DecalExtents extents = ExtentsOf(record);
+    PlotDecal(ParseDecal(record));
+}
+
+void PrintJob::PlotDecal(const Decal& decal) {
+    const DecalExtents extents = ExtentsOf(decal);
+    // A pad stack that does not read fails the decal before anything of it is drawn.
+    RaiseIfAny(decal.stackFault);
     if (surface_ == PlotSurface::ViewBox) {
-        PlotInViewBox(record, extents);
+        PlotInViewBox(decal, extents);
     } else if (context_.PlotKind == PlotKind::Index) {
-        PlotIndexCell(record, extents);
+        PlotIndexCell(decal, extents);
     } else {
-        PlotDecalPage(record, extents);
+        PlotDecalPage(decal, extents);
     }
     ++printed_;
 }
@@ -129,26 +121,23 @@ void PrintJob::OpenPageForDecal() {
     pageHasDecal_ = true;
 }
 
-void PrintJob::PlotDecalPage(const DecalRecord& record, const DecalExtents& extents) {
+void PrintJob::PlotDecalPage(const Decal& decal, const DecalExtents& extents) {
     const PlotSettings& settings = context_.PlotSettings;
     const DecalArea area{page_.usableWidth, page_.usableHeight, settings.XBorder, settings.YBorder,
                          attributeLines_};
-    const DecalPlacement placement =
-        PlaceDecal(area, extents, record.unitFactor, settings.MaxScale);
+    const DecalPlacement placement = PlaceDecal(area, extents, decal.unitFactor, settings.MaxScale);
     if (Printer()) {
         OpenPageForDecal();
     }
-    ApplyPlacement(frame_, page_, placement, record.unitFactor);
-    const PadStackList stacks = ReadPadStacks(record);
-    DecalPageInputs inputs{.record = record,
-                           .stacks = stacks,
+    ApplyPlacement(frame_, page_, placement, decal.unitFactor);
+    DecalPageInputs inputs{.decal = decal,
                            .font = context_.StrokeFont,
                            .attributes = context_.AttributeList,
                            .extents = extents,
                            .width = page_.usableWidth,
                            .height = page_.usableHeight,
                            .inputPath = settings.Inputfile,
-                           .inputKind = InputKind{true, record.header.pcbFile},
+                           .inputKind = InputKind{true, decal.header.pcbFile},
                            .date = PlotDate,
                            .pieceReports = &pieceReports_};
     DrawDecalPage(frame_, inputs);
@@ -157,26 +146,24 @@ void PrintJob::PlotDecalPage(const DecalRecord& record, const DecalExtents& exte
     }
 }
 
-void PrintJob::PlotInViewBox(const DecalRecord& record, const DecalExtents& extents) {
+void PrintJob::PlotInViewBox(const Decal& decal, const DecalExtents& extents) {
     const PlotSettings& settings = context_.PlotSettings;
     DecalPlacement placement = PlaceDecalInBox(page_.usableWidth, page_.usableHeight, extents,
-                                               record.unitFactor, settings.MaxScale);
+                                               decal.unitFactor, settings.MaxScale);
     // The index job shows a decal at the scale it fills the box with, as its cells do.
     if (context_.PlotKind == PlotKind::Index) {
-        const bool empty = extents.Empty();
-        const double w = empty ? 0.0 : (extents.xmax - extents.xmin) * record.unitFactor;
-        const double h = empty ? 0.0 : (extents.ymax - extents.ymin) * record.unitFactor;
-        const double cx = empty ? 0.0 : (extents.xmin + extents.xmax) / 2;
-        const double cy = empty ? 0.0 : (extents.ymin + extents.ymax) / 2;
-        placement.scale = IndexScale(w, h, page_.usableWidth, page_.usableHeight, settings, true);
-        placement.originX = page_.usableWidth / 2 - cx * record.unitFactor * placement.scale;
-        placement.originY = page_.usableHeight / 2 - cy * record.unitFactor * placement.scale;
+        const DecalBox box{page_.usableWidth / 2, page_.usableHeight / 2, page_.usableWidth,
+                           page_.usableHeight};
+        const CellPlacement fit = PlaceInBox(box, extents, decal.unitFactor, settings, true);
+        placement.scale = fit.scale;
+        placement.originX = fit.originX;
+        placement.originY = fit.originY;
     }
-    ApplyPlacement(frame_, page_, placement, record.unitFactor);
-    DrawDecalAlone(frame_, record, context_.StrokeFont, pieceReports_);
+    ApplyPlacement(frame_, page_, placement, decal.unitFactor);
+    DrawDecalAlone(frame_, decal, context_.StrokeFont, pieceReports_);
 }
 
-void PrintJob::PlotIndexCell(const DecalRecord& record, const DecalExtents& extents) {
+void PrintJob::PlotIndexCell(const Decal& decal, const DecalExtents& extents) {
     if (Printer()) {
         if (!target_->Printing()) {
             target_->BeginDocument();
@@ -184,8 +171,7 @@ void PrintJob::PlotIndexCell(const DecalRecord& record, const DecalExtents& exte
             target_->NewPage();
         }
     }
-    const PadStackList stacks = ReadPadStacks(record);
-    indexPageDone_ = indexRun_->AddDecal(record, stacks, extents).pageFramed;
+    indexPageDone_ = indexRun_->AddDecal(decal, extents, pieceReports_).pageFramed;
 }
 
 void PrintJob::EndPrint() {

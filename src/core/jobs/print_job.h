@@ -22,6 +22,7 @@
 #include "jobs/plot_context.h"
 #include "jobs/print_progress.h"
 #include "jobs/screen_geometry.h"
+#include "library/decal.h"
 #include "library/decal_record.h"
 #include "output/page_output.h"
 #include "plot/pieces.h"
@@ -67,9 +68,10 @@ class PrintJob {
 
     // The steps of PrintDecals, for a caller that finds the decals itself: StartPrint for a
     // selection of `selectedCount` names from a PCB file or a library, PlotDecal for every
-    // decal found, in order, EndPrint at the end.
+    // decal found, in order (a record is parsed once, ParseDecal), EndPrint at the end.
     void StartPrint(std::size_t selectedCount, bool pcbInput);
     void PlotDecal(const DecalRecord& record);
+    void PlotDecal(const Decal& decal);
     void EndPrint();
 
     // The drawing area of the pages (or of the box) in millimetres (pixels in the view box).
@@ -84,9 +86,9 @@ class PrintJob {
     // The parttype kind: the parttype run on the printer or the preview window's first page;
     // the view box shows nothing.
     PrintSummary PrintParttypes(std::span<const std::string> selection, PrintProgress* progress);
-    void PlotDecalPage(const DecalRecord& record, const DecalExtents& extents);
-    void PlotInViewBox(const DecalRecord& record, const DecalExtents& extents);
-    void PlotIndexCell(const DecalRecord& record, const DecalExtents& extents);
+    void PlotDecalPage(const Decal& decal, const DecalExtents& extents);
+    void PlotInViewBox(const Decal& decal, const DecalExtents& extents);
+    void PlotIndexCell(const Decal& decal, const DecalExtents& extents);
     // The printer's document is open and its current page is free for the next page's drawing.
     void OpenPageForDecal();
     bool Printer() const { return target_ != nullptr; }

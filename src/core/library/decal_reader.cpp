@@ -54,6 +54,9 @@ void LocateSections(DecalRecord& record) {
     record.firstTerminal = sections.firstTerminal;
     record.firstStack = sections.firstStack;
     record.endOfStacks = sections.endOfStacks;
+    record.firstAttribute = sections.firstAttribute;
+    record.firstLabel = sections.firstLabel;
+    record.endOfLabels = sections.endOfLabels;
 }
 
 DecalReader::DecalReader(const std::filesystem::path& file) : lines_(file) {

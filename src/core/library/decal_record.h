@@ -1,7 +1,8 @@
 #pragma once
 
-// One decal record in memory: its header values and its body lines. Only one record is held at a
-// time; the plot code walks the body with a LineCursor from the section starts found here.
+// One decal record in memory: its header values and its body lines, as the reader framed them.
+// Only one record is held at a time; ParseDecal (library/decal.h) reads its items once, and the
+// pages draw from that model, never from these lines.
 
 #include <cstddef>
 #include <cstdint>
@@ -43,6 +44,10 @@ struct DecalRecord {
     // Index just after the last pad-stack line as the counts say: lines.size() when the counts
     // and the body agree.
     std::size_t endOfStacks = 0;
+    // The first attribute line, and the label lines: [firstLabel, endOfLabels).
+    std::size_t firstAttribute = 0;
+    std::size_t firstLabel = 0;
+    std::size_t endOfLabels = 0;
 
     // The 1-based line number in its file of body line `index` (the body follows its header
     // without a gap); 0 when the header's line number is not known.

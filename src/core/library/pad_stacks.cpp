@@ -10,6 +10,7 @@
 #include <type_traits>
 
 #include "common/errors.h"
+#include "library/field_reader.h"
 #include "library/words.h"
 
 namespace zantor {
@@ -37,84 +38,47 @@ ShapeFields FieldsOfShape(std::string_view shape) {
     return fields;
 }
 
-// The words of one body line of a decal, taken off from the front. Failed conversions name the
-// decal and the line, since that is what a person has to find in the file.
+// The words of one body line of a decal, taken off from the front; a field that does not read
+// is reported in the words of BadFieldMessage.
 class LineFields {
   public:
-    LineFields(const DecalRecord& record, std::size_t index)
-        : record_(record), rest_(record.lines[index]), lineNumber_(record.LineNumberOf(index)) {}
+    LineFields(const DecalRecord& record, std::size_t index, std::string_view item)
+        : reader_(record.lines[index],
+                  FieldPlace{
+                      record.fileName, record.LineNumberOf(index), record.name, item, 0, {}, 0}) {}
 
-    void Skip() { TakeWord(rest_); }
-    bool HasWord() const { return !TrimBlanks(rest_).empty(); }
+    void Skip() { reader_.Word(); }
+    bool HasWord() const { return reader_.HasWord(); }
     // Whether the next word reads as a number (a drill, rather than a plated flag).
-    bool NextIsNumber() const {
-        std::string_view rest = rest_;
-        const std::string_view word = TakeWord(rest);
-        if (word.empty()) {
-            return false;
-        }
-        try {
-            RealNumber(word);
-            return true;
-        } catch (const Error&) {
-            return false;
-        }
-    }
-
+    bool NextIsNumber() const { return reader_.NextIsNumber(); }
     std::string Text(std::size_t maxLength) {
-        return std::string(CutTo(TakeWord(rest_), maxLength));
+        return std::string(CutTo(reader_.Word(), maxLength));
     }
-
-    double Real() {
-        return Converted(TakeWord(rest_), [](std::string_view word) { return RealNumber(word); });
-    }
+    double Real(std::string_view field) { return reader_.Real(field); }
 
     template <typename Integer>
-    Integer Whole() {
-        std::string_view word = TakeWord(rest_);
-        long long value = Converted(word, [](std::string_view w) { return WholeNumber(w); });
-        if (value < std::numeric_limits<Integer>::min() ||
-            value > std::numeric_limits<Integer>::max()) {
-            throw RangeError(Where() + "\"" + std::string(word) + "\" is out of range",
-                             record_.fileName, lineNumber_);
-        }
-        return static_cast<Integer>(value);
+    Integer Whole(std::string_view field) {
+        return static_cast<Integer>(reader_.WholeIn(field, std::numeric_limits<Integer>::min(),
+                                                    std::numeric_limits<Integer>::max()));
     }
 
   private:
-    // The file and line travel in the error itself.
-    std::string Where() const { return "Pad stack of decal \"" + record_.name + "\": "; }
-
-    template <typename Convert>
-    std::invoke_result_t<Convert, std::string_view> Converted(std::string_view word,
-                                                              Convert convert) const {
-        try {
-            return convert(word);
-        } catch (const ConversionError& error) {
-            throw ConversionError(Where() + error.message(), record_.fileName, lineNumber_);
-        } catch (const RangeError& error) {
-            throw RangeError(Where() + error.message(), record_.fileName, lineNumber_);
-        }
-    }
-
-    const DecalRecord& record_;
-    std::string_view rest_;
-    long lineNumber_;
+    FieldReader reader_;
 };
 
 // Reads one stack header: the pin, the number of lines and (by the file dialect) the drill.
 PadStackEntry ReadStackHeader(LineFields& fields, DrillPlace drillPlace, long long& lineCount) {
     PadStackEntry header;
     fields.Skip();  // "PAD": the counts frame the blocks, so the keyword is not checked
-    header.pin = fields.Whole<std::int32_t>();
+    header.pin = fields.Whole<std::int32_t>("pin");
     header.pinLast = header.pin;
-    lineCount = fields.Whole<long long>();
+    lineCount = fields.Whole<long long>("line count");
     if (drillPlace == DrillPlace::StackHeader) {
         header.plated = fields.Text(kPlatedLength);
-        header.drill = fields.Real();
-        header.drillOri = fields.Real();
-        header.drillLength = fields.Real();
-        header.drillOffset = fields.Real();
+        header.drill = fields.Real("drill");
+        header.drillOri = fields.Real("drill orientation");
+        header.drillLength = fields.Real("drill length");
+        header.drillOffset = fields.Real("drill offset");
     }
     return header;
 }
@@ -135,13 +99,13 @@ LineDrill ReadLineDrill(LineFields& fields) {
         return drill;
     }
     drill.given = true;
-    drill.drill = fields.Real();
+    drill.drill = fields.Real("drill");
     // A drill without a plated flag is plated.
     drill.plated = fields.HasWord() ? fields.Text(kPlatedLength) : "P";
     if (fields.HasWord()) {
-        drill.ori = fields.Real();
-        drill.length = fields.Real();
-        drill.offset = fields.Real();
+        drill.ori = fields.Real("drill orientation");
+        drill.length = fields.Real("drill length");
+        drill.offset = fields.Real("drill offset");
     }
     return drill;
 }
@@ -153,31 +117,31 @@ bool HasCorner(std::string_view shape) {
 PadStackEntry ReadStackLine(LineFields& fields, const FileDialect& dialect,
                             const PadStackEntry& header, LineDrill& lineDrill) {
     PadStackEntry entry = header;
-    entry.layer = fields.Whole<std::int32_t>();
-    entry.size = fields.Real();
+    entry.layer = fields.Whole<std::int32_t>("layer");
+    entry.size = fields.Real("size");
     entry.shape = fields.Text(kShapeLength);
     const bool corner = HasCorner(entry.shape);
     if (corner && dialect.cornerPlace == CornerPlace::BeforeFinger) {
-        entry.corner = fields.Real();
+        entry.corner = fields.Real("corner");
     }
     ShapeFields shape = FieldsOfShape(entry.shape);
     if (shape.finger) {
-        entry.ori = fields.Real();
-        entry.lenOrInner = fields.Real();
-        entry.offsetOrSpoke = fields.Real();
+        entry.ori = fields.Real("orientation");
+        entry.lenOrInner = fields.Real("finger length");
+        entry.offsetOrSpoke = fields.Real("finger offset");
     }
     if (shape.spokeCount) {
-        entry.spokes = fields.Whole<std::uint16_t>();
+        entry.spokes = fields.Whole<std::uint16_t>("spoke count");
     }
     if (shape.innerDiameter) {
-        entry.lenOrInner = fields.Real();
+        entry.lenOrInner = fields.Real("inner diameter");
     }
     if (corner && dialect.cornerPlace == CornerPlace::AfterFinger) {
-        entry.corner = fields.Real();
+        entry.corner = fields.Real("corner");
     }
     switch (dialect.drillPlace) {
         case DrillPlace::EveryStackLine:
-            entry.drill = fields.Real();
+            entry.drill = fields.Real("drill");
             entry.plated = fields.Text(kPlatedLength);
             break;
         case DrillPlace::AfterShapeFields:
@@ -308,7 +272,7 @@ PadStackList ReadPadStacks(const DecalRecord& record) {
     std::int64_t previousPinLast = 0;
 
     for (unsigned stack = 0; stack < record.counts.stacks && !cursor.AtEnd(); ++stack) {
-        LineFields headerFields(record, cursor.Position());
+        LineFields headerFields(record, cursor.Position(), "a pad stack");
         cursor.Take();
         long long lineCount = 0;
         const PadStackEntry header = ReadStackHeader(headerFields, drillPlace, lineCount);
@@ -316,7 +280,7 @@ PadStackList ReadPadStacks(const DecalRecord& record) {
         const std::size_t start = list.size();
         LineDrill stackDrill;
         for (long long line = 0; line < lineCount && !cursor.AtEnd(); ++line) {
-            LineFields fields(record, cursor.Position());
+            LineFields fields(record, cursor.Position(), "a pad stack line");
             cursor.Take();
             LineDrill lineDrill;
             list.push_back(ReadStackLine(fields, dialect, header, lineDrill));

@@ -206,8 +206,22 @@ std::size_t BodyLayout::StartOf(Part part) const {
 }
 
 BodySections BodyLayout::Sections() const {
-    return {StartOf(Part::Pieces), StartOf(Part::Texts), StartOf(Part::Terminals),
-            StartOf(Part::Stacks), StartOf(Part::Done)};
+    BodySections sections{StartOf(Part::Pieces), StartOf(Part::Texts), StartOf(Part::Terminals),
+                          StartOf(Part::Stacks), StartOf(Part::Done)};
+    sections.firstAttribute = StartOf(Part::Attributes);
+    switch (dialect_.labelPlace) {
+        case LabelPlace::BeforePieces:
+            sections.firstLabel = StartOf(Part::LabelsBefore);
+            sections.endOfLabels = sections.firstPiece;
+            break;
+        case LabelPlace::AfterTexts:
+            sections.firstLabel = StartOf(Part::LabelsAfter);
+            sections.endOfLabels = sections.firstTerminal;
+            break;
+        case LabelPlace::Unread:
+            break;
+    }
+    return sections;
 }
 
 bool BodyLayout::WantsFreeText() const {

@@ -48,6 +48,11 @@ struct BodySections {
     std::size_t firstTerminal = 0;
     std::size_t firstStack = 0;
     std::size_t endOfStacks = 0;  // just after the last pad-stack line the counts announce
+    // The attribute lines (after a TIMESTAMP line) and the label lines, before the pieces or after
+    // the texts as the dialect places them.
+    std::size_t firstAttribute = 0;
+    std::size_t firstLabel = 0;
+    std::size_t endOfLabels = 0;
 };
 
 // Follows a record body line by line in the dialect's order: an optional TIMESTAMP line, the

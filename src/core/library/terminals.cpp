@@ -2,48 +2,39 @@
 
 #include <string_view>
 
-#include "common/errors.h"
-#include "library/words.h"
+#include "library/field_reader.h"
 
 namespace zantor {
 namespace {
 
-std::string Where(const DecalRecord& record, int index) {
-    return "Terminal " + std::to_string(index) + " of decal \"" + record.name + "\": ";
-}
-
-// A real number of the line; failures keep their file and line and gain the decal's name.
-double Number(std::string_view word, const DecalRecord& record, int index, const TextPlace& place) {
-    try {
-        return RealNumber(word, place);
-    } catch (const ConversionError& error) {
-        throw ConversionError(Where(record, index) + error.message(), error.file(), error.line());
-    } catch (const RangeError& error) {
-        throw RangeError(Where(record, index) + error.message(), error.file(), error.line());
-    }
-}
-
 TerminalLine ReadTerminal(const DecalRecord& record, std::size_t lineIndex, int index) {
-    std::string_view rest = record.lines[lineIndex];
-    const TextPlace place{record.fileName, record.LineNumberOf(lineIndex)};
-
-    std::string_view first = TakeWord(rest);
+    FieldReader fields(record.lines[lineIndex], FieldPlace{record.fileName,
+                                                           record.LineNumberOf(lineIndex),
+                                                           record.name,
+                                                           "terminal",
+                                                           index,
+                                                           {},
+                                                           0});
+    std::string_view first = fields.Word();
     if (!first.starts_with('T')) {
-        throw FormatError(Where(record, index) + "the line begins with \"" + std::string(first) +
-                              "\" instead of \"T\"",
-                          record.fileName, place.line);
+        fields.Fail(FieldFault::Kind::Format, "first word", "\"T\" with the x after it", first);
     }
     first.remove_prefix(1);
-    // The T is glued to x in every file seen; a blank after it only moves x one word on.
-    const std::string_view xWord = first.empty() ? TakeWord(rest) : first;
 
     TerminalLine terminal;
     terminal.index = index;
-    terminal.x = Number(xWord, record, index, place);
-    terminal.y = Number(TakeWord(rest), record, index, place);
-    terminal.labelX = Number(TakeWord(rest), record, index, place);
-    terminal.labelY = Number(TakeWord(rest), record, index, place);
-    const std::string_view name = TakeWord(rest);
+    terminal.line = fields.Place().line;
+    // The T is glued to x in every file seen; a blank after it only moves x one word on.
+    if (first.empty()) {
+        terminal.x = fields.Real("x");
+    } else {
+        FieldReader glued(first, fields.Place());
+        terminal.x = glued.Real("x");
+    }
+    terminal.y = fields.Real("y");
+    terminal.labelX = fields.Real("label x");
+    terminal.labelY = fields.Real("label y");
+    const std::string_view name = fields.Word();
     const bool named = record.header.dialect.pinNamesOnTerminals && !name.empty();
     terminal.pinName = named ? std::string(name) : std::to_string(index);
     return terminal;

@@ -19,17 +19,20 @@ struct TerminalLine {
     double labelY = 0.0;
     // The pin name as the file writes it; terminals without one get the index as text.
     std::string pinName;
+    long line = 0;  // in its file; 0 when unknown
 
-    bool operator==(const TerminalLine&) const = default;
+    bool operator==(const TerminalLine& other) const {
+        return index == other.index && x == other.x && y == other.y && labelX == other.labelX &&
+               labelY == other.labelY && pinName == other.pinName;
+    }
 };
 
 // Reads the record's counts.terminals lines from record.firstTerminal: "T<x> <y> <nx> <ny>"
 // with the T glued to x, and, in files whose dialect writes pin names on terminal lines, an
 // optional fifth word, the pin's name (else the pin is named by its index). A missing number
-// reads as 0;
-// a body that ends before the count is reached ends the list there. A word that is not a number
-// is a ConversionError (a number too large for a double a RangeError), a line that does not begin
-// with "T" a FormatError, each naming the decal, the file and the line.
+// reads as 0; a body that ends before the count is reached ends the list there. A word that is
+// not a number is a ConversionError (a number too large for a double a RangeError), a line that
+// does not begin with "T" a FormatError, in the words of BadFieldMessage.
 std::vector<TerminalLine> ReadTerminals(const DecalRecord& record);
 
 }  // namespace zantor

@@ -7,10 +7,8 @@
 #include <vector>
 
 #include "plot/decal_attributes.h"
+#include "plot/decal_body.h"
 #include "plot/pad_stack_table.h"
-#include "plot/pieces.h"
-#include "plot/terminals.h"
-#include "plot/text_items.h"
 #include "plot/title_block.h"
 
 namespace zantor {
@@ -94,19 +92,7 @@ class SavedPlacement {
     double y_;
 };
 
-// Pieces under the pads, the pads, the texts, and the outlines on top.
-TextItemsResult DrawDecal(PlotFrame& frame, const DecalPageInputs& inputs, TerminalMarks& marks,
-                          const TextItemsPage& page) {
-    UnknownPieceReports ownReports;
-    UnknownPieceReports& reports = inputs.pieceReports ? *inputs.pieceReports : ownReports;
-    DrawPieces(frame, inputs.record, false, frame.Messages(), reports);
-    DrawTerminals(frame, inputs.font, inputs.record, inputs.stacks, marks);
-    const TextItemsResult texts = DrawTextItems(frame, inputs.record, inputs.font, page);
-    DrawPieces(frame, inputs.record, true, frame.Messages(), reports);
-    return texts;
-}
-
-void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs) {
+void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs, UnknownPieceReports& reports) {
     const double x0 = inputs.width - kViewBoxWidth - 3;
     const double y0 = kViewBoxBottom;
     if (const Colour colour = frame.PenFor(kPenFormLine, 0); colour != kNotPlotted) {
@@ -139,10 +125,10 @@ void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs) {
     frame.Scale = 1;
     frame.OriginX1 = x0 + kViewBoxWidth / 2 - cx * frame.UnitFactor;
     frame.OriginY1 = y0 + kViewBoxHeight / 2 - cy * frame.UnitFactor;
-    TerminalMarks marks;  // the page's measurements come from the main picture
-    TextItemsPage page;   // comments are listed once, by the main picture
-    page.commentFont = font;
-    DrawDecal(frame, inputs, marks, page);
+    // The page's measurements come from the main picture, and comments are listed once, by it.
+    DecalBodyPage page;
+    page.texts.commentFont = font;
+    DrawDecalBody(frame, inputs.decal, inputs.font, reports, page);
 }
 
 // "Name: value" lines at the top of the page, one per checked attribute in list order.
@@ -221,18 +207,18 @@ void DrawOriginMarker(PlotFrame& frame) {
 
 void DrawDecalPage(PlotFrame& frame, const DecalPageInputs& inputs) {
     const PlotSettings& settings = frame.Settings();
-    const DecalRecord& record = inputs.record;
+    const Decal& decal = inputs.decal;
     const double w = inputs.width;
     const double h = inputs.height;
-    TerminalMarks marks;
     const int attributeLines = ListedAttributeCount(settings.PrintAttr, inputs.attributes);
-    const std::vector<DecalAttribute> decalAttributes = ReadDecalAttributes(record);
+    UnknownPieceReports ownReports;
+    UnknownPieceReports& reports = inputs.pieceReports ? *inputs.pieceReports : ownReports;
 
     TitleBlockInputs title;
-    title.decalName = record.name;
+    title.decalName = decal.name;
     title.inputPath = inputs.inputPath;
     title.pcbInput = inputs.inputKind.decalSource && inputs.inputKind.parttypeSource;
-    title.terminalCount = record.counts.terminals;
+    title.terminalCount = decal.counts.terminals;
     title.date = inputs.date;
     title.width = w;
     title.height = h;
@@ -242,43 +228,43 @@ void DrawDecalPage(PlotFrame& frame, const DecalPageInputs& inputs) {
         DrawOriginMarker(frame);
     }
     const bool gridInFront = settings.GridPosition == 1;
+    DecalBodyPage page;
     if (settings.ShowGrid && !gridInFront) {
-        DrawGrid(frame, w, h, attributeLines);
+        page.grid = GridBehind{w, h, attributeLines};
     }
-
     // Comment lines are listed at the top of the page, under the attribute lines.
-    TextItemsPage page;
-    page.decalRun = true;
-    page.printComments = settings.PrintComm;
-    page.commentTop = h;
-    page.commentBase = attributeLines;
-    page.rightLimit = w;
-    page.commentFont = settings.FormularFont;
-    const TextItemsResult texts = DrawDecal(frame, inputs, marks, page);
+    page.texts.decalRun = true;
+    page.texts.printComments = settings.PrintComm;
+    page.texts.commentTop = h;
+    page.texts.commentBase = attributeLines;
+    page.texts.rightLimit = w;
+    page.texts.commentFont = settings.FormularFont;
+    const DecalBodyResult body = DrawDecalBody(frame, decal, inputs.font, reports, page);
 
     if (settings.View1_1) {
-        DrawViewBox(frame, inputs);
+        DrawViewBox(frame, inputs, reports);
     }
     if (attributeLines > 0) {
-        DrawAttributeLines(frame, inputs, decalAttributes);
+        DrawAttributeLines(frame, inputs, decal.attributes);
     }
     if (settings.ShowGrid && gridInFront) {
         DrawGrid(frame, w, h, attributeLines);
     }
-    const LibraryUnits units = LibraryUnitsOf(record);
+    const LibraryUnits units = LibraryUnitsOf(decal);
     if (settings.PlotPadstack) {
         // In the left half: the right one is the 1:1 view's.
-        PrintPadStackTable(frame, inputs.stacks, PadStackTableLineCount(inputs.stacks), 1, w,
-                           settings.StackUnit, units, settings.FormularFont);
+        const PadStackList& stacks = decal.Stacks();
+        PrintPadStackTable(frame, stacks, PadStackTableLineCount(stacks), 1, w, settings.StackUnit,
+                           units, settings.FormularFont);
     }
 
     MeasurementInputs measurements;
-    measurements.terminal1X = marks.terminal1X;
-    measurements.terminal1Y = marks.terminal1Y;
-    measurements.terminal2X = marks.terminal2X;
-    measurements.terminal2Y = marks.terminal2Y;
-    measurements.heightValue = texts.labelValue;
-    measurements.heightAttribute = AttributeValue(decalAttributes, "Geometry.Height");
+    measurements.terminal1X = body.marks.terminal1X;
+    measurements.terminal1Y = body.marks.terminal1Y;
+    measurements.terminal2X = body.marks.terminal2X;
+    measurements.terminal2Y = body.marks.terminal2Y;
+    measurements.heightValue = body.texts.labelValue;
+    measurements.heightAttribute = AttributeValue(decal.attributes, "Geometry.Height");
     measurements.units = units;
     measurements.width = w;
     DrawMeasurements(frame, measurements);

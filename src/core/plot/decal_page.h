@@ -9,8 +9,7 @@
 #include <string>
 
 #include "font/stroke_font.h"
-#include "library/decal_record.h"
-#include "library/pad_stacks.h"
+#include "library/decal.h"
 #include "plot/extents.h"
 #include "plot/pieces.h"
 #include "plot/plot_frame.h"
@@ -27,13 +26,12 @@ inline constexpr double kViewBoxBottom = 40.0;
 inline constexpr double kListLinePitch = 4.0;
 
 struct DecalPageInputs {
-    const DecalRecord& record;
-    const PadStackList& stacks;  // ReadPadStacks of the record
+    const Decal& decal;
     const StrokeFont& font;
     // The user's attribute list: its checked entries are listed when PrintAttr is on, each with
     // the decal's value of it (empty when the decal has none).
     const AttributeList& attributes;
-    DecalExtents extents;   // of the record's pieces and terminals, library units
+    DecalExtents extents;   // ExtentsOf the decal, library units
     double width = 0;       // W: frame width in mm
     double height = 0;      // H: frame height in mm
     std::string inputPath;  // the file the decal comes from (the library name)

@@ -3,10 +3,8 @@
 #include <algorithm>
 
 #include "common/errors.h"
+#include "plot/decal_body.h"
 #include "plot/decal_page.h"
-#include "plot/pieces.h"
-#include "plot/terminals.h"
-#include "plot/text_items.h"
 #include "plot/title_block.h"
 
 namespace zantor {
@@ -152,7 +150,7 @@ void DrawIndexCell(PlotFrame& frame, const IndexCellInputs& inputs) {
     if (const Colour text = frame.PenFor(kPenFormText, 0); text != kNotPlotted) {
         frame.SetColour(text);
         const double nameBase = centre - nameSize / 2 + (settings.PrintScale ? 3 / columns : 0);
-        frame.PageText(inputs.record.name, nameSize, nameBase, anchor, settings.FormularFont,
+        frame.PageText(inputs.decal.name, nameSize, nameBase, anchor, settings.FormularFont,
                        TextAlign::Centre);
         if (settings.PrintScale) {
             frame.PageText(IndexScaleText(frame.Scale), 5 / columns,
@@ -172,14 +170,9 @@ void DrawIndexCell(PlotFrame& frame, const IndexCellInputs& inputs) {
         }
     }
 
-    // Pieces under the pads, the pads, the texts, and the outlines on top, as on a decal page.
-    TerminalMarks marks;
-    TextItemsPage page;
-    page.commentFont = settings.FormularFont;
-    DrawPieces(frame, inputs.record, false, frame.Messages());
-    DrawTerminals(frame, inputs.font, inputs.record, inputs.stacks, marks);
-    DrawTextItems(frame, inputs.record, inputs.font, page);
-    DrawPieces(frame, inputs.record, true, frame.Messages());
+    DecalBodyPage page;
+    page.texts.commentFont = settings.FormularFont;
+    DrawDecalBody(frame, inputs.decal, inputs.font, inputs.pieceReports, page);
 }
 
 }  // namespace zantor

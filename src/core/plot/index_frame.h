@@ -8,8 +8,8 @@
 #include <string>
 
 #include "font/stroke_font.h"
-#include "library/decal_record.h"
-#include "library/pad_stacks.h"
+#include "library/decal.h"
+#include "plot/pieces.h"
 #include "plot/plot_frame.h"
 
 namespace zantor {
@@ -56,10 +56,10 @@ struct IndexCellPlace {
 };
 
 struct IndexCellInputs {
-    const DecalRecord& record;
-    const PadStackList& stacks;  // ReadPadStacks of the record
+    const Decal& decal;
     const StrokeFont& font;
     IndexCellPlace place;
+    UnknownPieceReports& pieceReports;  // the job's: unknown kinds are reported once per job
 };
 
 // One decal in its cell: its name (and with PrintScale its scale) at the left of the column,

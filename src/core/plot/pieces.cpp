@@ -7,8 +7,6 @@
 #include <optional>
 #include <string_view>
 
-#include "plot/record_fields.h"
-
 namespace zantor {
 namespace {
 
@@ -144,27 +142,27 @@ void AddArcPoints(PlotFrame& frame, const PieceCorner& from, int& point) {
 // A line or polygon piece: arcs are drawn between corners of open outlines. Filled outlines use
 // straight chords through the polygon buffer: between corners in versions 3 and 4, along the arc
 // in later files.
-void DrawOutline(PlotFrame& frame, const DecalRecord& record, std::size_t first, int corners,
-                 bool filled) {
-    const bool newer = record.header.dialect.newerPieceKinds;
-    PieceCorner previous;
+void DrawOutline(PlotFrame& frame, const DecalPiece& piece, bool newer, bool filled) {
+    const PieceCorner* previous = nullptr;
     int point = 0;
-    for (int n = 1; n <= corners && first + (n - 1) < record.lines.size(); ++n) {
-        const PieceCorner corner = ReadPieceCorner(record, first + (n - 1));
+    int n = 0;
+    for (const PieceCorner& corner : piece.corners) {
+        ++n;
+        RaiseIfAny(corner.fault);
         if (filled) {
-            if (newer && n > 1 && previous.StartsArc()) {
-                AddArcPoints(frame, previous, point);
+            if (newer && previous != nullptr && previous->StartsArc()) {
+                AddArcPoints(frame, *previous, point);
             }
             frame.AddPolygonPoint(newer ? ++point : n, corner.x, corner.y);
-        } else if (n == 1) {
+        } else if (previous == nullptr) {
             frame.MoveTo(corner.x, corner.y);
-        } else if (previous.StartsArc()) {
-            DrawArc(frame, previous, corner, newer);
+        } else if (previous->StartsArc()) {
+            DrawArc(frame, *previous, corner, newer);
             frame.MoveTo(corner.x, corner.y);
         } else {
             frame.LineTo(corner.x, corner.y);
         }
-        previous = corner;
+        previous = &corner;
     }
     if (filled) {
         frame.FillPolygon();
@@ -172,13 +170,14 @@ void DrawOutline(PlotFrame& frame, const DecalRecord& record, std::size_t first,
 }
 
 // Circle pieces: every corner after the first makes a circle with the first.
-void DrawCircles(PlotFrame& frame, const DecalRecord& record, std::size_t first, int corners,
-                 bool filled, double width) {
-    const bool diameter = record.header.dialect.circleRule == CircleRule::Diameter;
+void DrawCircles(PlotFrame& frame, const DecalPiece& piece, bool diameter, bool filled,
+                 double width) {
     double x1 = 0;
     double y1 = 0;
-    for (int n = 1; n <= corners && first + (n - 1) < record.lines.size(); ++n) {
-        const PieceCorner corner = ReadPieceCorner(record, first + (n - 1));
+    int n = 0;
+    for (const PieceCorner& corner : piece.corners) {
+        ++n;
+        RaiseIfAny(corner.fault);
         if (n == 1) {
             x1 = corner.x;
             y1 = corner.y;
@@ -202,10 +201,6 @@ void DrawCircles(PlotFrame& frame, const DecalRecord& record, std::size_t first,
     }
 }
 
-std::size_t AfterCorners(std::size_t header, std::int32_t corners) {
-    return header + 1 + static_cast<std::size_t>(corners > 0 ? corners : 0);
-}
-
 bool IsExtentCircle(std::string_view keyword, const FileDialect& dialect) {
     if (dialect.circleRule == CircleRule::AxisDistance) {
         return std::find(kExtentCircles.begin(), kExtentCircles.end(), keyword) !=
@@ -221,38 +216,37 @@ bool UnknownPieceReports::FirstTime(std::string_view keyword) {
     return reported_.emplace(keyword).second;
 }
 
-void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
-                UserMessages& messages, UnknownPieceReports& reports) {
-    if (record.counts.pieces == 0) {
-        return;
-    }
-    const FileDialect& dialect = record.header.dialect;
-    std::size_t at = record.firstPiece;
-    for (int piece = 0; piece < record.counts.pieces && at < record.lines.size(); ++piece) {
-        const std::string keyword = ReadPieceKeyword(record, at);
-        const std::optional<PieceKind> kind = Classify(keyword, dialect.newerPieceKinds);
+void DrawPieces(PlotFrame& frame, const Decal& decal, bool outlinesOnly, UserMessages& messages,
+                UnknownPieceReports& reports) {
+    const FileDialect& dialect = decal.header.dialect;
+    for (const DecalPiece& piece : decal.pieces) {
+        const std::optional<PieceKind> kind = Classify(piece.keyword, dialect.newerPieceKinds);
         if (!kind && !dialect.newerPieceKinds) {
-            messages.ShowError("Unknown drawing item: " + keyword);
+            messages.ShowError("Unknown drawing item: " + piece.keyword);
             return;
         }
+        RaiseIfAny(piece.countFault);
         if (!kind || kind->shape == Shape::Nothing) {
-            if (!kind && reports.FirstTime(keyword)) {
-                messages.ShowError("Unknown drawing item: " + keyword);
+            if (!kind && reports.FirstTime(piece.keyword)) {
+                messages.ShowError("Unknown drawing item: " + piece.keyword);
             }
-            at = AfterCorners(at, ReadPieceCornerCount(record, at).corners);
             continue;
         }
+        RaiseIfAny(piece.fieldFault);
+        // Copper and cutouts may belong to a pin; outlines and keepouts never do.
         const bool readPin = kind->pen != kPenOutline && kind->pen != kPenKeepout;
-        const PieceHeader header = ReadPieceHeader(record, at, readPin);
+        if (readPin) {
+            RaiseIfAny(piece.pinFault);
+        }
         const bool filledPolygon = kind->shape == Shape::FilledPolygon;
         const double width =
-            filledPolygon ? kFilledPieceWidth : header.width * frame.UnitFactor * frame.Scale;
+            filledPolygon ? kFilledPieceWidth : piece.width * frame.UnitFactor * frame.Scale;
         int pen = kind->pen;
-        if (header.pin && *header.pin >= 0) {
+        if (readPin && piece.pin && *piece.pin >= 0) {
             pen = kPenPads;  // copper of a pin takes the pad colour
         }
 
-        const Colour colour = frame.PenFor(pen, header.layer);
+        const Colour colour = frame.PenFor(pen, piece.layer);
         const bool drawn = (outlinesOnly == (pen == kPenOutline)) && colour != kNotPlotted;
         // The colour is set even for a piece this pass leaves to the other one.
         if (colour != kNotPlotted) {
@@ -261,21 +255,20 @@ void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
         frame.SetPenWidth(width);
         frame.SetFillStyle(FillStyle::Solid);
 
-        const std::size_t firstCorner = at + 1;
         if (drawn) {
             const PenStyle before = frame.Canvas().PenStyleNow();
-            const bool styled = header.lineStyle && kind->pen == kPenOutline;
+            const bool styled = piece.lineStyle && kind->pen == kPenOutline;
             if (styled) {
-                frame.SetPenStyle(StyleOfLine(header.lineStyle, dialect.pieceLayout));
+                frame.SetPenStyle(StyleOfLine(piece.lineStyle, dialect.pieceLayout));
             }
             switch (kind->shape) {
                 case Shape::Polyline:
                 case Shape::FilledPolygon:
-                    DrawOutline(frame, record, firstCorner, header.corners, filledPolygon);
+                    DrawOutline(frame, piece, dialect.newerPieceKinds, filledPolygon);
                     break;
                 case Shape::Circles:
                 case Shape::FilledCircles:
-                    DrawCircles(frame, record, firstCorner, header.corners,
+                    DrawCircles(frame, piece, dialect.circleRule == CircleRule::Diameter,
                                 kind->shape == Shape::FilledCircles, width);
                     break;
                 case Shape::Nothing:
@@ -285,29 +278,27 @@ void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
                 frame.SetPenStyle(before);
             }
         }
-        at = AfterCorners(at, header.corners);
     }
     frame.SetFillStyle(FillStyle::Solid);
 }
 
-void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
-                UserMessages& messages) {
+void DrawPieces(PlotFrame& frame, const Decal& decal, bool outlinesOnly, UserMessages& messages) {
     UnknownPieceReports reports;
-    DrawPieces(frame, record, outlinesOnly, messages, reports);
+    DrawPieces(frame, decal, outlinesOnly, messages, reports);
 }
 
-void PieceExtents(const DecalRecord& record, DecalExtents& extents) {
-    const FileDialect& dialect = record.header.dialect;
+void PieceExtents(const Decal& decal, DecalExtents& extents) {
+    const FileDialect& dialect = decal.header.dialect;
     const bool diameter = dialect.circleRule == CircleRule::Diameter;
-    std::size_t at = record.firstPiece;
-    for (int piece = 0; piece < record.counts.pieces && at < record.lines.size(); ++piece) {
-        const PieceHeader header = ReadPieceCornerCount(record, at);
-        const bool circle = IsExtentCircle(header.keyword, dialect);
-        ++at;
+    for (const DecalPiece& piece : decal.pieces) {
+        RaiseIfAny(piece.countFault);
+        const bool circle = IsExtentCircle(piece.keyword, dialect);
         double firstX = 0;
         double firstY = 0;
-        for (int n = 1; n <= header.corners && at < record.lines.size(); ++n, ++at) {
-            const PieceCorner corner = ReadPieceCorner(record, at);
+        int n = 0;
+        for (const PieceCorner& corner : piece.corners) {
+            ++n;
+            RaiseIfAny(corner.fault);
             extents.Widen(corner.x, corner.y);
             if (corner.StartsArc()) {
                 extents.Widen(corner.x1, corner.y1);

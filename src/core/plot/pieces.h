@@ -1,7 +1,7 @@
 #pragma once
 
 // The drawing items ("pieces") of a decal: lines, outlines, circles, copper, cutouts, keepouts,
-// board outlines and dimension marks, read from the piece lines of a decal record.
+// board outlines and dimension marks of a decal.
 
 #include <functional>
 #include <set>
@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "common/user_messages.h"
-#include "library/decal_record.h"
+#include "library/decal.h"
 #include "plot/extents.h"
 #include "plot/plot_frame.h"
 
@@ -27,19 +27,19 @@ class UnknownPieceReports {
     std::set<std::string, std::less<>> reported_;
 };
 
-// Draws the pieces of `record` through `frame`. With `outlinesOnly` only the pieces drawn with
+// Draws the pieces of `decal` through `frame`. With `outlinesOnly` only the pieces drawn with
 // the outline pen; otherwise all others (a page draws outlines last, on top of copper and pads).
 // An unknown piece keyword is shown as "Unknown drawing item: <keyword>". In versions 3 and 4 it
-// ends the pieces of this decal; in later files the piece is passed over and the message is shown
-// only when `reports` has not seen the keyword yet.
-void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
-                UserMessages& messages, UnknownPieceReports& reports);
+// ends the pieces of this pass; in later files the piece is passed over and the message is shown
+// only when `reports` has not seen the keyword yet. A piece whose fields do not read throws
+// (FieldFault) when it is met.
+void DrawPieces(PlotFrame& frame, const Decal& decal, bool outlinesOnly, UserMessages& messages,
+                UnknownPieceReports& reports);
 // The same with reports of its own: later files show each unknown keyword once per call.
-void DrawPieces(PlotFrame& frame, const DecalRecord& record, bool outlinesOnly,
-                UserMessages& messages);
+void DrawPieces(PlotFrame& frame, const Decal& decal, bool outlinesOnly, UserMessages& messages);
 
-// Widens `extents` by the corners and arc boxes of every piece of `record`, and by the room of
-// its circles (by the dialect's circle rule).
-void PieceExtents(const DecalRecord& record, DecalExtents& extents);
+// Widens `extents` by the corners and arc boxes of every piece of `decal`, and by the room of
+// its circles (by the dialect's circle rule). A corner that does not read throws.
+void PieceExtents(const Decal& decal, DecalExtents& extents);
 
 }  // namespace zantor

@@ -243,16 +243,18 @@ void DrawTerminal(PlotFrame& frame, const StrokeFont& font, const PadStackList& 
     }
 }
 
-void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const DecalRecord& record,
-                   const PadStackList& stacks, TerminalMarks& marks) {
-    const FingerAxis axis = record.header.dialect.fingerAxis;
-    for (const TerminalLine& terminal : ReadTerminals(record)) {
+void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const Decal& decal,
+                   TerminalMarks& marks) {
+    const FingerAxis axis = decal.header.dialect.fingerAxis;
+    const std::vector<TerminalLine>& terminals = decal.Terminals();
+    const PadStackList& stacks = decal.Stacks();
+    for (const TerminalLine& terminal : terminals) {
         DrawTerminal(frame, font, stacks, terminal, marks, axis);
     }
 }
 
-void TerminalExtents(const DecalRecord& record, DecalExtents& extents) {
-    for (const TerminalLine& terminal : ReadTerminals(record)) {
+void TerminalExtents(const Decal& decal, DecalExtents& extents) {
+    for (const TerminalLine& terminal : decal.Terminals()) {
         extents.Widen(terminal.x, terminal.y);
     }
 }

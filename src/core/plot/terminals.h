@@ -5,7 +5,7 @@
 // that the title block measures.
 
 #include "font/stroke_font.h"
-#include "library/decal_record.h"
+#include "library/decal.h"
 #include "library/pad_stacks.h"
 #include "library/terminals.h"
 #include "plot/extents.h"
@@ -31,14 +31,14 @@ void DrawTerminal(PlotFrame& frame, const StrokeFont& font, const PadStackList& 
                   const TerminalLine& terminal, TerminalMarks& marks,
                   FingerAxis axis = FingerAxis::AlongXAtZero);
 
-// Draws every terminal of `record` in file order, with the finger axis of the record's file
-// dialect.
-void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const DecalRecord& record,
-                   const PadStackList& stacks, TerminalMarks& marks);
+// Draws every terminal of `decal` in file order with its pad stacks, with the finger axis of the
+// decal's file dialect.
+void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const Decal& decal,
+                   TerminalMarks& marks);
 
-// Widens `extents` by the position of every terminal of `record`. Pad sizes and label positions
+// Widens `extents` by the position of every terminal of `decal`. Pad sizes and label positions
 // are not counted, as piece widths are not: the extents are the decal's geometry, and the page
 // borders leave room for what stands out of it.
-void TerminalExtents(const DecalRecord& record, DecalExtents& extents);
+void TerminalExtents(const Decal& decal, DecalExtents& extents);
 
 }  // namespace zantor

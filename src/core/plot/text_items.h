@@ -7,7 +7,7 @@
 #include <string>
 
 #include "font/stroke_font.h"
-#include "library/decal_record.h"
+#include "library/decal.h"
 #include "plot/plot_frame.h"
 
 namespace zantor {
@@ -30,9 +30,9 @@ struct TextItemsResult {
 };
 
 inline constexpr std::size_t kNameSlotLength = 16;
-inline constexpr int kCommentLayer = 30;
 
-TextItemsResult DrawTextItems(PlotFrame& frame, const DecalRecord& record, const StrokeFont& font,
+// Draws the texts of `decal` in file order; a text whose fields do not read throws when it is met.
+TextItemsResult DrawTextItems(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                               const TextItemsPage& page);
 
 }  // namespace zantor

@@ -263,7 +263,7 @@ TEST(PrintJobPages, AnAbortStopsTheRunBeforeTheNextName) {
     EXPECT_FALSE(std::filesystem::exists(dir.Path() / "each-3.trace"));
 }
 
-TEST(PrintJobPages, AnUnknownPieceKindIsReportedOncePerJob) {
+TEST(PrintJobPages, AnUnknownPieceKindIsReportedOncePerJobOfEveryKind) {
     test::TempDir dir;
     std::string library = "*PADS-LIBRARY-PCB-DECALS-V9*\n";
     for (const char* name : {"ONE", "TWO"}) {
@@ -271,17 +271,36 @@ TEST(PrintJobPages, AnUnknownPieceKindIsReportedOncePerJob) {
                    " M 0 0 0 0 2 0 0 0 0\nWIDGET 2 0.1 1 -1\n0 0\n1 1\nOPEN 2 0.1 1 -1\n0 0\n"
                    "10 0\n\n";
     }
-    Command command(dir.WriteFile("widgets.d", library));
-    command.context.PlotSettings.View1_1 = true;  // the 1:1 view draws the pieces once more
-    const auto trace = dir.Path() / "widgets.trace";
-    TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
-    EXPECT_EQ(command.Print(target, {"ONE", "TWO"}).printed, 2);
-    EXPECT_EQ(TracePages(trace).size(), 2u);
-    EXPECT_EQ(command.messages.Texts(), std::vector<std::string>{"Unknown drawing item: WIDGET"});
-    // The next job reports it again.
-    TraceTarget again(dir.Path() / "again.trace", PaperSize::A4, DocumentFiles::Single);
-    command.Print(again, {"TWO"});
-    EXPECT_EQ(command.messages.Entries().size(), 2u);
+    const auto file = dir.WriteFile("widgets.d", library);
+    for (const PlotKind kind : {PlotKind::Decal, PlotKind::Index}) {
+        Command command(file, kind);
+        command.context.PlotSettings.View1_1 = true;  // the 1:1 view draws the pieces once more
+        const auto trace = dir.Path() / "widgets.trace";
+        TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+        EXPECT_EQ(command.Print(target, {"ONE", "TWO"}).printed, 2);
+        EXPECT_EQ(TracePages(trace).size(), kind == PlotKind::Decal ? 2u : 1u);
+        EXPECT_EQ(command.messages.Texts(),
+                  std::vector<std::string>{"Unknown drawing item: WIDGET"});
+        // The next job reports it again.
+        TraceTarget again(dir.Path() / "again.trace", PaperSize::A4, DocumentFiles::Single);
+        command.Print(again, {"TWO"});
+        EXPECT_EQ(command.messages.Entries().size(), 2u);
+    }
+}
+
+// Every picture of a decal (the page, its 1:1 view, an index cell) draws from the one parse of
+// its record.
+TEST(PrintJobPages, EachRecordPrintedIsParsedOnce) {
+    test::TempDir dir;
+    for (const PlotKind kind : {PlotKind::Decal, PlotKind::Index}) {
+        Command command(SampleLibrary(), kind);
+        command.context.PlotSettings.View1_1 = true;
+        command.context.PlotSettings.ShowGrid = true;
+        TraceTarget target(dir.Path() / "sample.trace", PaperSize::A4, DocumentFiles::Single);
+        const std::size_t before = DecalParseCount();
+        EXPECT_EQ(command.Print(target, kSampleDecals).printed, 6);
+        EXPECT_EQ(DecalParseCount() - before, 6u);
+    }
 }
 
 // A PCB file of `count` decals D1, D2, ... of growing size, with remarks, parts and a decal

@@ -139,7 +139,8 @@ TEST(ReadPadStacks, ANumberFieldThatIsNoNumberNamesDecalAndLine) {
         ReadPadStacks(Decal(4, {"PAD 1 1 P 3x5", "-2 60 R"}, 1));
         FAIL() << "no error";
     } catch (const ConversionError& error) {
-        EXPECT_STREQ(error.what(), "lib.d:42: Pad stack of decal \"SO8\": \"3x5\" is not a number");
+        EXPECT_STREQ(error.what(),
+                     "lib.d:42: the drill of a pad stack of decal SO8 is not a number: \"3x5\"");
     }
     EXPECT_THROW(ReadPadStacks(Decal(4, {"PAD 1 1", "-1 60 RT 0 1 1 many"}, 1)), ConversionError);
     EXPECT_THROW(ReadPadStacks(Decal(3, {"PAD 1 1", "-1 60 R P 35"}, 1)), ConversionError);

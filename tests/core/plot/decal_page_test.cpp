@@ -46,7 +46,7 @@ DecalRecord Bar() {
 
 DecalExtents ExtentsOf(const DecalRecord& record) {
     DecalExtents extents;
-    PieceExtents(record, extents);
+    PieceExtents(ParseDecal(record), extents);
     return extents;
 }
 
@@ -54,7 +54,6 @@ DecalExtents ExtentsOf(const DecalRecord& record) {
 // origin stands at (100, 150) mm, at 2 : 1.
 struct PageBench : PlotBench {
     StrokeFont font;
-    PadStackList stacks;
     AttributeList attributes;
 
     PageBench() {
@@ -67,8 +66,8 @@ struct PageBench : PlotBench {
     }
 
     void Draw(const DecalRecord& record) {
-        DecalPageInputs inputs{.record = record,
-                               .stacks = stacks,
+        const Decal decal = ParseDecal(record);
+        DecalPageInputs inputs{.decal = decal,
                                .font = font,
                                .attributes = attributes,
                                .extents = ExtentsOf(record),
@@ -303,7 +302,7 @@ TEST(DecalAttributes, NamesWithOrWithoutQuotesAndTheirValues) {
         LibraryRecord({"\"Geometry.Height\" 180mil", "\"Description\"  Pin header, 2 rows  ",
                        "Plain value", "\"Unclosed name"},
                       {"OPEN 2 0.2 26", "-10 0", "10 0"}, 1);
-    const std::vector<DecalAttribute> attributes = ReadDecalAttributes(record);
+    const std::vector<DecalAttribute> attributes = ParseDecal(record).attributes;
     EXPECT_EQ(attributes, (std::vector<DecalAttribute>{{"Geometry.Height", "180mil"},
                                                        {"Description", "Pin header, 2 rows"},
                                                        {"Plain", "value"},
@@ -314,10 +313,10 @@ TEST(DecalAttributes, NamesWithOrWithoutQuotesAndTheirValues) {
     // A count beyond the body reads what there is; PCB decals have no attribute lines.
     DecalRecord shortRecord = record;
     shortRecord.lines.resize(2);
-    EXPECT_EQ(ReadDecalAttributes(shortRecord).size(), 2u);
+    EXPECT_EQ(ParseDecal(shortRecord).attributes.size(), 2u);
     DecalRecord board = record;
     board.header = AnalyseHeader("!PADS-POWERPCB-V4.0-MILS!");
-    EXPECT_TRUE(ReadDecalAttributes(board).empty());
+    EXPECT_TRUE(ParseDecal(board).attributes.empty());
 
     EXPECT_EQ(ListedAttributeCount(true, {{"A", true}, {"B", false}, {"C", true}}), 2);
     EXPECT_EQ(ListedAttributeCount(false, {{"A", true}}), 0);

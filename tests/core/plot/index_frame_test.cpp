@@ -176,7 +176,6 @@ DecalRecord Bar() {
 // the decal origin at (150, 132).
 struct CellBench : PlotBench {
     StrokeFont font;
-    PadStackList stacks;
     DecalRecord record = Bar();
 
     CellBench() {
@@ -189,7 +188,8 @@ struct CellBench : PlotBench {
     }
 
     void Draw(int column, int row) {
-        DrawIndexCell(frame, {record, stacks, font, {column, row, 50, 95, 3, 260}});
+        UnknownPieceReports reports;
+        DrawIndexCell(frame, {ParseDecal(record), font, {column, row, 50, 95, 3, 260}, reports});
     }
 };
 

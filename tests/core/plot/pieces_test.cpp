@@ -36,10 +36,10 @@ struct PieceRun {
         bench.settings.PenTable[1].layer = 20;
         bench.settings.PenTable[1].colour[kPenOutline] = 0x200003;
         bench.settings.PenTable[1].colour[kPenCopper] = 0x200002;
-        DrawPieces(bench.frame, record, false, bench.messages, reports);
+        DrawPieces(bench.frame, ParseDecal(record), false, bench.messages, reports);
         others = bench.canvas.Lines();
         bench.canvas.Clear();
-        DrawPieces(bench.frame, record, true, bench.messages, reports);
+        DrawPieces(bench.frame, ParseDecal(record), true, bench.messages, reports);
         outlines = bench.canvas.Lines();
     }
 };
@@ -75,14 +75,14 @@ TEST(DrawPieces, EachKeywordTakesItsPenKindAndItsPass) {
     // a solid fill, whatever the file gives.
     PlotBench bench;
     bench.canvas.SetFillStyle(FillStyle::None);
-    DrawPieces(bench.frame, MakeRecord({"KPTCLS 3 50 1", "0 0", "10 0", "10 10"}, 1), false,
-               bench.messages);
+    DrawPieces(bench.frame, ParseDecal(MakeRecord({"KPTCLS 3 50 1", "0 0", "10 0", "10 10"}, 1)),
+               false, bench.messages);
     ASSERT_EQ(bench.canvas.Lines().size(), 1u);
     EXPECT_TRUE(bench.canvas.Lines()[0].starts_with("polygon 1024 0 0 1000 0 1000 1000 0 0 0 0"));
     EXPECT_TRUE(bench.canvas.Lines()[0].ends_with(" pen=000006/1/solid fill=000006/solid"));
     EXPECT_EQ(bench.canvas.FillStyleNow(), FillStyle::Solid);
     const DecalRecord copper = MakeRecord({"COPCLS 3 50 1", "0 0", "10 0", "10 10"}, 1);
-    DrawPieces(bench.frame, copper, true, bench.messages);
+    DrawPieces(bench.frame, ParseDecal(copper), true, bench.messages);
     EXPECT_EQ(bench.canvas.Lines().size(), 1u);
     EXPECT_EQ(bench.canvas.PenWidth(), 25);
 }
@@ -206,7 +206,8 @@ TEST(DrawPieces, PensAndWidthsAreSetEvenForPiecesNotDrawn) {
     PlotBench bench;
     bench.frame.Scale = 3;
     bench.frame.UnitFactor = 0.0254;
-    DrawPieces(bench.frame, MakeRecord({"OPEN 2 10 1", "0 0", "1000 0"}, 1), true, bench.messages);
+    DrawPieces(bench.frame, ParseDecal(MakeRecord({"OPEN 2 10 1", "0 0", "1000 0"}, 1)), true,
+               bench.messages);
     // 10 mils at 3:1 is 0.762 mm; 1000 mils at 3:1 is 76.2 mm.
     EXPECT_EQ(bench.canvas.Lines().at(1), "line 7620 0 pen=000003/76/solid");
 
@@ -214,7 +215,8 @@ TEST(DrawPieces, PensAndWidthsAreSetEvenForPiecesNotDrawn) {
     bench.canvas.Clear();
     bench.frame.Scale = 1;
     bench.frame.UnitFactor = 1;
-    DrawPieces(bench.frame, MakeRecord({"COPOPN 2 0.1 1", "0 0", "10 0"}, 1), true, bench.messages);
+    DrawPieces(bench.frame, ParseDecal(MakeRecord({"COPOPN 2 0.1 1", "0 0", "10 0"}, 1)), true,
+               bench.messages);
     EXPECT_TRUE(bench.canvas.Lines().empty());
     EXPECT_EQ(bench.canvas.PenColour(), kPenCopper);
     EXPECT_EQ(bench.canvas.PenWidth(), 10);
@@ -222,7 +224,7 @@ TEST(DrawPieces, PensAndWidthsAreSetEvenForPiecesNotDrawn) {
     // An unplotted pen skips the piece silently and leaves the colour, but sets the width.
     bench.settings.PenTable[0].colour[kPenCopper] = kNotPlotted;
     bench.canvas.SetPenColour(0x777777);
-    DrawPieces(bench.frame, MakeRecord({"COPOPN 2 0.2 5", "0 0", "10 0"}, 1), false,
+    DrawPieces(bench.frame, ParseDecal(MakeRecord({"COPOPN 2 0.2 5", "0 0", "10 0"}, 1)), false,
                bench.messages);
     EXPECT_TRUE(bench.canvas.Lines().empty());
     EXPECT_EQ(bench.canvas.PenColour(), 0x777777);
@@ -247,7 +249,7 @@ TEST(DrawPieces, AnUnknownKeywordIsReportedAndEndsThePiecesOfAnOldFile) {
     PlotBench bench;
     const DecalRecord record = MakeRecord(
         {"OPEN 2 0.1 1", "0 0", "10 0", "TEXT 1 x y", "0 0", "OPEN 2 0.1 1", "0 0", "0 10"}, 3);
-    DrawPieces(bench.frame, record, true, bench.messages);
+    DrawPieces(bench.frame, ParseDecal(record), true, bench.messages);
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 0 0", "line 1000 0 pen=000003/10/solid"}));
     EXPECT_EQ(bench.messages.Texts(), (Lines{"Unknown drawing item: TEXT"}));
 
@@ -255,7 +257,8 @@ TEST(DrawPieces, AnUnknownKeywordIsReportedAndEndsThePiecesOfAnOldFile) {
     PlotBench old;
     old.canvas.SetFillStyle(FillStyle::None);
     old.canvas.SetPenWidth(7);
-    DrawPieces(old.frame, MakeRecord({"COPCCO 2 0.1 1", "0 0", "10 0"}, 1), false, old.messages);
+    DrawPieces(old.frame, ParseDecal(MakeRecord({"COPCCO 2 0.1 1", "0 0", "10 0"}, 1)), false,
+               old.messages);
     EXPECT_TRUE(old.canvas.Lines().empty());
     EXPECT_EQ(old.messages.Texts(), (Lines{"Unknown drawing item: COPCCO"}));
     EXPECT_EQ(old.canvas.FillStyleNow(), FillStyle::None);
@@ -271,12 +274,12 @@ TEST(DrawPieces, NewerFilesPassOverAnUnknownKindAndReportItOncePerJob) {
     EXPECT_EQ(run.outlines, (Lines{"move 0 0", "line 1000 0 pen=000003/10/solid"}));
     EXPECT_EQ(run.bench.messages.Texts(),
               (Lines{"Unknown drawing item: WIDGET", "Unknown drawing item: GADGET"}));
-    DrawPieces(run.bench.frame, record, true, run.bench.messages, run.reports);
+    DrawPieces(run.bench.frame, ParseDecal(record), true, run.bench.messages, run.reports);
     EXPECT_EQ(run.bench.messages.Entries().size(), 2u);
     // Without a job's reports, each call reports for itself.
     PlotBench bench;
-    DrawPieces(bench.frame, record, true, bench.messages);
-    DrawPieces(bench.frame, record, false, bench.messages);
+    DrawPieces(bench.frame, ParseDecal(record), true, bench.messages);
+    DrawPieces(bench.frame, ParseDecal(record), false, bench.messages);
     EXPECT_EQ(bench.messages.Entries().size(), 4u);
 
     // The newer kinds are drawn: board circles and cutouts as outlines, copper cutout circles
@@ -299,7 +302,7 @@ TEST(DrawPieces, AFieldThatIsNotANumberEndsTheDrawingWithItsLine) {
     record.headerLineNumber = 40;
     record.fileName = "lib.d";
     try {
-        DrawPieces(bench.frame, record, true, bench.messages);
+        DrawPieces(bench.frame, ParseDecal(record), true, bench.messages);
         FAIL() << "no error";
     } catch (const ConversionError& error) {
         EXPECT_EQ(error.file(), "lib.d");
@@ -310,9 +313,9 @@ TEST(DrawPieces, AFieldThatIsNotANumberEndsTheDrawingWithItsLine) {
 TEST(PieceExtents, CornersArcBoxesAndCircleRoomWidenButWidthsDoNot) {
     DecalExtents extents;
     extents.Widen(-100, 200);
-    PieceExtents(MakeRecord({"OPEN 2 1000 1", "-10 5", "20 -3", "CLOSED 2 1 1",
-                             "0 0 0 90 -40 -40 40 40", "40 0", "TEXT 1 a b", "300 0"},
-                            3),
+    PieceExtents(ParseDecal(MakeRecord({"OPEN 2 1000 1", "-10 5", "20 -3", "CLOSED 2 1 1",
+                                        "0 0 0 90 -40 -40 40 40", "40 0", "TEXT 1 a b", "300 0"},
+                                       3)),
                  extents);
     EXPECT_EQ(extents.xmin, -100);
     EXPECT_EQ(extents.xmax, 300);
@@ -323,15 +326,16 @@ TEST(PieceExtents, CornersArcBoxesAndCircleRoomWidenButWidthsDoNot) {
     for (const auto& [keyword, ymin] : {std::pair{"CIRCLE", -90}, std::pair{"COPCCO", -90},
                                         std::pair{"KPTCIR", -90}, std::pair{"CIRCUT", 10}}) {
         DecalExtents circle;
-        PieceExtents(MakeRecord({std::string(keyword) + " 2 5 1", "0 10", "100 10"}, 1), circle);
+        PieceExtents(ParseDecal(MakeRecord({std::string(keyword) + " 2 5 1", "0 10", "100 10"}, 1)),
+                     circle);
         EXPECT_EQ(circle.ymin, ymin) << keyword;
         EXPECT_EQ(circle.ymax, ymin == -90 ? 110 : 10) << keyword;
     }
     // Newer files: a circle by its diameter.
     DecalExtents newer;
     PieceExtents(
-        Record(kV95Pcb, {"CIRCLE 2 0.1 -1 1", "0 -10", "0 10", "BRDCIR 2 0 -1 1", "50 0", "70 0"},
-               2),
+        ParseDecal(Record(
+            kV95Pcb, {"CIRCLE 2 0.1 -1 1", "0 -10", "0 10", "BRDCIR 2 0 -1 1", "50 0", "70 0"}, 2)),
         newer);
     EXPECT_EQ(newer.xmin, -10);
     EXPECT_EQ(newer.xmax, 70);

@@ -193,15 +193,15 @@ struct Sheet {
     }
 
     void Draw(PlotFrame& frame) {
-        DrawPieces(frame, HandmadeDecal(), false, messages);
+        DrawPieces(frame, ParseDecal(HandmadeDecal()), false, messages);
         TextItemsPage page;
         page.decalRun = true;
         page.printComments = true;
         page.commentTop = 60;
         page.rightLimit = 200;
         page.commentFont = settings.FormularFont;
-        DrawTextItems(frame, HandmadeDecal(), font, page);
-        DrawPieces(frame, HandmadeDecal(), true, messages);
+        DrawTextItems(frame, ParseDecal(HandmadeDecal()), font, page);
+        DrawPieces(frame, ParseDecal(HandmadeDecal()), true, messages);
     }
 };
 

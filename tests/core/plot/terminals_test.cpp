@@ -473,7 +473,7 @@ std::array<int, 4> BoxOf(const std::string& compactPolygon) {
 TEST(DrawTerminals, ARealPadRowDrawsSideBySideWithoutOverlapping) {
     TerminalBench bench;
     DecalRecord record = SonDecal();
-    DrawTerminals(bench.frame, bench.font, record, ReadPadStacks(record), bench.marks);
+    DrawTerminals(bench.frame, bench.font, ParseDecal(record), bench.marks);
     Lines pads = LinesOf(bench.canvas, "polygon");
     ASSERT_EQ(pads.size(), 9u);
     for (std::string& pad : pads) {
@@ -501,7 +501,7 @@ TEST(DrawTerminals, ARealPadRowDrawsSideBySideWithoutOverlapping) {
     // The file dialect decides the axis: read the other way, pin 1's finger stands upright.
     record.header.dialect.fingerAxis = FingerAxis::AlongYAtZero;
     bench.canvas.Clear();
-    DrawTerminals(bench.frame, bench.font, record, ReadPadStacks(record), bench.marks);
+    DrawTerminals(bench.frame, bench.font, ParseDecal(record), bench.marks);
     EXPECT_EQ(Compact(LinesOf(bench.canvas, "polygon").at(0)),
               "polygon -120 40 -90 40 -90 110 -120 110" + kPadPen);
 }
@@ -510,7 +510,7 @@ TEST(TerminalExtents, CountTerminalPositionsNotLabelsOrPads) {
     DecalRecord record = SonDecal();
     record.lines[0] = "T-1.05 0.75 -9 9 1";  // a label far off the decal
     DecalExtents extents;
-    TerminalExtents(record, extents);
+    TerminalExtents(ParseDecal(record), extents);
     EXPECT_EQ(extents.xmin, -1.05);
     EXPECT_EQ(extents.xmax, 1.05);
     EXPECT_EQ(extents.ymin, -0.75);

@@ -65,7 +65,8 @@ TEST(DrawTextItems, OrdinaryTextsAreTrimmedAndDrawnWithTheTextPenOfTheirLayer) {
     const DecalRecord record = TextRecord({{"1 2 0 1 30.4 0.1 N", "  AA \t"},
                                            {"1 2 0 7 30.4 0.2 M", "AA"},
                                            {"1 2 90 1 30.4 0.1", "A"}});
-    const TextItemsResult result = DrawTextItems(bench.frame, record, font, ListingPage());
+    const TextItemsResult result =
+        DrawTextItems(bench.frame, ParseDecal(record), font, ListingPage());
     EXPECT_EQ(bench.canvas.Lines(),
               (Lines{// plain, the second "A" one advance (6 + 4) further
                      "move 100 200", "line 500 200 pen=000004/10/solid", "move 1100 200",
@@ -84,7 +85,7 @@ TEST(DrawTextItems, WidthsFollowTheScaleUnplottedLayersAreSkippedAndDollarLinesK
     PlotBench bench;
     bench.frame.UnitFactor = 0.0254;
     bench.frame.Scale = 2;
-    DrawTextItems(bench.frame, TextRecord({{"0 0 0 1 30.4 10 N", "A"}}), TinyFont(),
+    DrawTextItems(bench.frame, ParseDecal(TextRecord({{"0 0 0 1 30.4 10 N", "A"}})), TinyFont(),
                   TextItemsPage{});
     // 4 mils at 2:1 is 0.2032 mm; the 10 mil line is 0.508 mm wide.
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 0 0", "line 20 0 pen=000004/51/solid"}));
@@ -92,15 +93,16 @@ TEST(DrawTextItems, WidthsFollowTheScaleUnplottedLayersAreSkippedAndDollarLinesK
     PlotBench unplotted;
     unplotted.settings.PenTable[0].colour[kPenText] = kNotPlotted;
     unplotted.canvas.SetPenColour(0x777777);
-    DrawTextItems(unplotted.frame, TextRecord({{"1 2 0 3 30.4 0.1 N", "AA"}}), TinyFont(),
-                  ListingPage());
+    DrawTextItems(unplotted.frame, ParseDecal(TextRecord({{"1 2 0 3 30.4 0.1 N", "AA"}})),
+                  TinyFont(), ListingPage());
     EXPECT_TRUE(unplotted.canvas.Lines().empty());
     EXPECT_EQ(unplotted.canvas.PenColour(), 0x777777);
 
     // The height for the title block is not drawn.
     PlotBench dollar;
-    const TextItemsResult result = DrawTextItems(
-        dollar.frame, TextRecord({{"1 2 0 1 30.4 0.1 N", "$ 12.5 mm"}}), TinyFont(), ListingPage());
+    const TextItemsResult result =
+        DrawTextItems(dollar.frame, ParseDecal(TextRecord({{"1 2 0 1 30.4 0.1 N", "$ 12.5 mm"}})),
+                      TinyFont(), ListingPage());
     EXPECT_TRUE(dollar.canvas.Lines().empty());
     EXPECT_EQ(result.nameSlot, "$");
     EXPECT_EQ(result.labelValue, 12.5);
@@ -116,7 +118,8 @@ TEST(DrawTextItems, CommentLinesAreListedOnTheDecalPageWithTheirSeparator) {
         {"0 0 0 20 30.4 0.1 N", "@@2 x"},  // not on the comment layer
         {"0 0 0 30 30.4 0.1 N", "@@1x"},   // too short
     });
-    const TextItemsResult result = DrawTextItems(bench.frame, record, TinyFont(), ListingPage());
+    const TextItemsResult result =
+        DrawTextItems(bench.frame, ParseDecal(record), TinyFont(), ListingPage());
     EXPECT_EQ(bench.canvas.Lines(),
               (Lines{// at 3 mm from the left, lower edges at 231 and 239 mm
                      R"(text 300 -6300 300 "Liberation Sans" "Third line" colour=000009)",
@@ -139,19 +142,20 @@ TEST(DrawTextItems, CommentsOutsideAListingAreNotDrawnAtAllAndNeedTheirPens) {
     optionOff.printComments = false;
     for (const TextItemsPage& page : {indexPage, optionOff}) {
         PlotBench bench;
-        const TextItemsResult result = DrawTextItems(bench.frame, record, TinyFont(), page);
+        const TextItemsResult result =
+            DrawTextItems(bench.frame, ParseDecal(record), TinyFont(), page);
         EXPECT_TRUE(bench.canvas.Lines().empty());
         EXPECT_EQ(result.largestComment, 0);
     }
     PlotBench noFormText;
     noFormText.settings.PenTable[0].colour[kPenFormText] = kNotPlotted;
-    DrawTextItems(noFormText.frame, record, TinyFont(), ListingPage());
+    DrawTextItems(noFormText.frame, ParseDecal(record), TinyFont(), ListingPage());
     EXPECT_TRUE(noFormText.canvas.Lines().empty());
     // No separator without a form-line pen.
     PlotBench noFormLine;
     noFormLine.settings.PenTable[0].colour[kPenFormLine] = kNotPlotted;
     const TextItemsResult result =
-        DrawTextItems(noFormLine.frame, record, TinyFont(), ListingPage());
+        DrawTextItems(noFormLine.frame, ParseDecal(record), TinyFont(), ListingPage());
     ASSERT_EQ(noFormLine.canvas.Lines().size(), 1u);
     EXPECT_TRUE(noFormLine.canvas.Lines()[0].starts_with("text "));
     EXPECT_EQ(result.largestComment, 2);
@@ -164,7 +168,8 @@ TEST(DrawTextItems, NewerFilesTakeTheTextFromTheLastLineOfEachRecord) {
                                  0, 2, 0);
     pcb.header = AnalyseHeader("!PADS-POWERPCB-V9.5-MILS!");
     PlotBench bench;
-    const TextItemsResult result = DrawTextItems(bench.frame, pcb, TinyFont(), ListingPage());
+    const TextItemsResult result =
+        DrawTextItems(bench.frame, ParseDecal(pcb), TinyFont(), ListingPage());
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 100 200", "line -300 200 pen=000004/10/solid"}));
     EXPECT_EQ(result.nameSlot, "$");
     EXPECT_EQ(result.labelValue, 7.5);
@@ -176,7 +181,7 @@ TEST(DrawTextItems, NewerFilesTakeTheTextFromTheLastLineOfEachRecord) {
                    0, 2, 0);
     library.header = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*");
     PlotBench lib;
-    DrawTextItems(lib.frame, library, TinyFont(), ListingPage());
+    DrawTextItems(lib.frame, ParseDecal(library), TinyFont(), ListingPage());
     EXPECT_EQ(lib.canvas.Lines(), (Lines{"move 100 200", "line -300 200 pen=000004/10/solid",
                                          "move 100 200", "line 500 200 pen=000004/10/solid"}));
 }
@@ -187,7 +192,7 @@ TEST(DrawTextItems, NewerFilesPlaceTheJustifiedPointOfATextAtItsPosition) {
         DecalRecord record = MakeRecord(std::move(lines), 0, 1, 0);
         record.header = AnalyseHeader(firstLine);
         PlotBench bench;
-        DrawTextItems(bench.frame, record, TinyFont(), ListingPage());
+        DrawTextItems(bench.frame, ParseDecal(record), TinyFont(), ListingPage());
         return bench.canvas.Lines();
     };
     const char* library = "*PADS-LIBRARY-PCB-DECALS-V9*";
@@ -206,7 +211,7 @@ TEST(DrawTextItems, NewerFilesPlaceTheJustifiedPointOfATextAtItsPosition) {
     // Versions 3 and 4 know no justification: the words after the mirror mark change nothing.
     DecalRecord old = MakeRecord({"1 2 0 1 30.4 0.1 N CENTER UP", "A"}, 0, 1, 0);
     PlotBench bench;
-    DrawTextItems(bench.frame, old, TinyFont(), ListingPage());
+    DrawTextItems(bench.frame, ParseDecal(old), TinyFont(), ListingPage());
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 100 200", "line 500 200 pen=000004/10/solid"}));
 }
 
