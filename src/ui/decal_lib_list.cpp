@@ -8,6 +8,7 @@
 #include <QStyle>
 #include <exception>
 
+#include "ui/help.h"
 #include "ui/setup_rules.h"
 
 namespace zantor {
@@ -38,7 +39,7 @@ TDecalLibList::TDecalLibList(PlotContext& context, DialogServices& dialogs, User
     auto* ok = Button("&OK", "btnOK", "Accept new settings.");
     auto* cancel = Button("&Cancel", "btnCancel", "Leave and discard changes.");
     auto* help = Button("&Help", "btnHelp", "");
-    help->setEnabled(false);
+    connect(help, &QPushButton::clicked, this, [this] { ShowHelp(this, kHelpDecalLibList); });
     ok->setDefault(true);
 
     auto* layout = new QGridLayout(this);

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "library/words.h"
+#include "ui/help.h"
 #include "ui/setup_rules.h"
 
 namespace zantor {
@@ -46,7 +47,7 @@ TPADSFontFile::TPADSFontFile(DialogServices& dialogs, QWidget* parent)
     cancel->setToolTip("Ignore changes.");
     auto* help = new QPushButton("&Help");
     help->setObjectName("btnHelp");
-    help->setEnabled(false);
+    connect(help, &QPushButton::clicked, this, [this] { ShowHelp(this, kHelpFontFile); });
 
     auto* file = new QHBoxLayout;
     file->addWidget(label1);

@@ -27,6 +27,10 @@ QString HelpPage(int context) {
             return QStringLiteral("preview.html");
         case kHelpProgress:
             return QStringLiteral("progress.html");
+        case kHelpDecalLibList:
+            return QStringLiteral("decal_lib_list.html");
+        case kHelpFontFile:
+            return QStringLiteral("font_file.html");
         default:
             return QStringLiteral("index.html");
     }

@@ -17,9 +17,11 @@ enum HelpContext : int {
     kHelpMainWindow = 10,
     kHelpSelectDecals = 31,
     kHelpSelectAll = 36,
+    kHelpDecalLibList = 47,
     kHelpNamelist = 56,
     kHelpPreview = 60,
     kHelpProgress = 70,
+    kHelpFontFile = 77,
 };
 
 // The page of a help context ("select_decals.html"); the contents page for an unknown one.

@@ -17,7 +17,7 @@ TEST(Help, EveryContextHasItsPageInTheHelpFolder) {
     ASSERT_FALSE(dir.empty()) << "no help folder next to the program or in the build tree";
     for (const int context : std::initializer_list<int>{
              kHelpIntroduction, kHelpContents, kHelpMainWindow, kHelpSelectDecals, kHelpSelectAll,
-             kHelpNamelist, kHelpPreview, kHelpProgress, 999}) {
+             kHelpNamelist, kHelpPreview, kHelpProgress, kHelpDecalLibList, kHelpFontFile, 999}) {
         const std::string page = HelpPage(context).section(QLatin1Char('#'), 0, 0).toStdString();
         EXPECT_TRUE(std::filesystem::is_regular_file(dir / page)) << context << ": " << page;
     }
