@@ -34,7 +34,9 @@ constexpr const char* kInfoHelp =
     "  info FILE     Show what the reader sees in a PADS ASCII file: its kind (decal\n"
     "                library, parttype library, PCB ASCII file), format version and\n"
     "                units, then the name, unit letter and counts of every decal\n"
-    "                record (attributes, labels, pieces, texts, terminals, pad stacks).\n";
+    "                record (attributes, labels, pieces, texts, terminals, pad stacks).\n"
+    "                A damaged record (its body does not hold what its header counts)\n"
+    "                ends the table marked DAMAGED, and the error names its line.\n";
 
 // A command gets the arguments after its name.
 using CommandRunner = int (*)(const std::vector<std::string>& args, std::ostream& out,

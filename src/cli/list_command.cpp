@@ -11,6 +11,7 @@
 #include "cli/stream_messages.h"
 #include "common/errors.h"
 #include "library/catalogue.h"
+#include "shell/input_check.h"
 
 namespace zantor {
 
@@ -32,6 +33,9 @@ const char* const kListCommandHelp =
     "                               4 With pinnames or attributes,\n"
     "                               5 With several decals,\n"
     "                               6 Where name <> decalname\n"
+    "                FILE must be a source of the kind by its first line: a decal\n"
+    "                library or PCB file for decals, a parttype library or PCB file\n"
+    "                for parttypes.\n"
     "                A parttype with a damaged header is reported and left out; the\n"
     "                listing goes on, and the exit status is then 1.\n";
 
@@ -138,6 +142,10 @@ int RunListCommand(const std::vector<std::string>& args, std::ostream& out, std:
         return ReportUsageError(err, *problem);
     }
     StreamMessages messages(err);
+    if (const std::optional<std::string> problem = InputProblem(request.kind, request.file)) {
+        messages.ShowError(*problem);
+        return kExitFailure;
+    }
     try {
         Catalogue catalogue = LoadPartnames(request.file, request.kind, request.filters, messages);
         for (const CatalogueEntry& entry : catalogue.entries) {

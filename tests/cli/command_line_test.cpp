@@ -102,5 +102,30 @@ TEST(InfoCommand, FailuresGoToStandardErrorWithStatusOne) {
                               ":4: the terminal count of decal BAD is not a number: \"many\"\n");
 }
 
+TEST(InfoCommand, ADamagedRecordIsListedMarkedAndItsLineNamed) {
+    TempDir dir;
+    // BUZZER's header counts two pieces; its body holds one.
+    auto damaged =
+        dir.WriteFile("damaged.d",
+                      "*PADS-LIBRARY-PCB-DECALS-V9*\n\nGOOD M 0 0 0 0 0 0 0 0 0\n\n"
+                      "BUZZER M 0 0 0 0 2 0 2 1 0\nCLOSED 2 0.1 26 -1\n-6 -6\n6 6\n"
+                      "T0 9 0 9 1\nT0 -9 0 -9 2\nPAD 0 1\n-2 3 R\n\nLATER M 0 0 0 0 0 0 0 0 0\n");
+    const Outcome run = Zantor({"info", damaged.string()});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_NE(run.out.find("\nGOOD" + std::string(37, ' ') +
+                           "M        0      0      0     0"
+                           "         0      0\n"
+                           "BUZZER" +
+                           std::string(35, ' ') +
+                           "M        0      0      2     0"
+                           "         2      1  DAMAGED\n1 decal read before the damaged record\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_EQ(run.err, "zantor: " + damaged.string() +
+                           ":9: decal BUZZER does not hold what its header counts (2 pieces, 0 "
+                           "texts, 2 terminals, 1 pad stack): the header of a piece was due "
+                           "here, not \"T0 9 0 9 1\"\n");
+}
+
 }  // namespace
 }  // namespace zantor::test

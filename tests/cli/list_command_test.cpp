@@ -43,6 +43,42 @@ TEST(ListCommand, FiltersAsTheSelectionDialogHasThem) {
     EXPECT_EQ(named.status, 0);
 }
 
+TEST(ListCommand, RefusesAFileThatIsNotASourceOfTheKindAsTheMainWindowDoes) {
+    TempDir dir;
+    const auto parttypes = dir.WriteFile("lib.p", kParttypes);
+    const auto netlist = dir.WriteFile("board.asc", "*PADS-PCB*\n*PART*\nU1 DIP8\n*END*\n");
+    const auto decals = Sample();
+    const struct {
+        std::string file;
+        std::string kind;
+        std::string message;
+    } refused[] = {
+        {parttypes.string(), "decal", "Inputfile unknown or not a decal-file."},
+        {parttypes.string(), "index", "Inputfile unknown or not a decal-file."},
+        {netlist.string(), "decal", "Inputfile unknown or not a decal-file."},
+        {decals, "parttype", "Inputfile unknown or not a parttype-file."},
+        {(dir.Path() / "none.p").string(), "parttype", "Inputfile unknown or not a parttype-file."},
+    };
+    for (const auto& [file, kind, message] : refused) {
+        const Outcome run = Zantor({"list", file, "--kind", kind});
+        EXPECT_EQ(run.status, 1) << file << " " << kind;
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.err, "zantor: " + message + "\n");
+    }
+}
+
+TEST(ListCommand, TheFirstLineOfALibraryIsNeverAnItem) {
+    TempDir dir;
+    // An indented header is no V4 header by its version test, but still the file's header.
+    const auto indented =
+        dir.WriteFile("lib.d",
+                      "  *PADS-LIBRARY-PCB-DECALS-V4*\n\nR1 I 0 0 0 0 0 0 1 1\nT0 0 0 0 1\n"
+                      "PAD 0 3\n-2 60 R\n-1 0 R\n0 0 R\n\n*END*\n");
+    const Outcome run = Zantor({"list", indented.string()});
+    EXPECT_EQ(run.out, "R1\n");
+    EXPECT_EQ(run.err, "Decals in file:     1\n");
+}
+
 TEST(ListCommand, UsageErrors) {
     ExpectUsageErrors({
         {{"list"}, "list needs a FILE"},
@@ -67,8 +103,7 @@ TEST(ListCommand, FailuresGiveTheMessageAndStatusOne) {
     const Outcome run = Zantor({"list", missing.string()});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err, "zantor: " + missing.string() +
-                           ": cannot open the file: No such file or directory\n");
+    EXPECT_EQ(run.err, "zantor: Inputfile unknown or not a decal-file.\n");
 
     // Nothing is listed when the listing fails on the way.
     auto board = dir.WriteFile("board.asc",

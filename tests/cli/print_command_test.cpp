@@ -170,6 +170,29 @@ TEST_F(PrintCommand, FailuresSayWhyAndLeaveNoFile) {
     EXPECT_EQ(printer.err, "zantor: Printer not found: No Such Queue 42\n");
 }
 
+TEST_F(PrintCommand, RefusesWhatIsNoDecalSourceAndPrintsAnIndentedHeadersLibrary) {
+    TempDir dir;
+    const auto parttypes = dir.WriteFile("lib.p",
+                                         "*PADS-LIBRARY-PART-TYPES-V4*\n\n"
+                                         "7400 DIP14 I TTL 0 1 0 0\nGATE\n\n*END*\n");
+    for (const char* kind : {"decal", "index"}) {
+        const Outcome run = Zantor(
+            {"print", parttypes.string(), "--kind", kind, "--output", Out("p.pdf").string()});
+        EXPECT_EQ(run.status, 1) << kind;
+        EXPECT_EQ(run.err, "zantor: Inputfile unknown or not a decal-file.\n");
+    }
+    EXPECT_EQ(FilesOut(), std::vector<std::string>{});
+
+    const auto indented =
+        dir.WriteFile("lib.d",
+                      "  *PADS-LIBRARY-PCB-DECALS-V4*\n\nR1 I 0 0 0 0 1 0 1 1\nOPEN 2 10 1\n"
+                      "-50 0\n50 0\nT0 0 0 0 1\nPAD 0 3\n-2 60 R\n-1 0 R\n0 0 R\n\n*END*\n");
+    const Outcome run = Zantor({"print", indented.string(), "--output", Out("r.pdf").string()});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(PdfPages(Out("r.pdf")), 1);
+}
+
 TEST_F(PrintCommand, UsageErrors) {
     ExpectUsageErrors({
         {{"print", "--output", "x.pdf"}, "print needs a FILE"},

@@ -196,8 +196,6 @@ struct CatalogueLayout {
     // them, quirks included.
     bool legacy = true;
     FileDialect dialect;
-    // A newer library without a header line starts with its first item.
-    bool firstLineIsItem = false;
     // The word number of a decal header's terminal count. Old files take word 9 even in PCB
     // files, where it is the label count.
     std::size_t terminalWord = 9;
@@ -239,9 +237,6 @@ CatalogueLayout CatalogueLayoutFor(const FileHeader& header, int libraryVersion)
         return layout;
     }
     layout.legacy = false;
-    layout.firstLineIsItem = header.product == FileProduct::Unknown &&
-                             !header.line.starts_with('*') && !header.line.starts_with('!') &&
-                             !IsBlankLine(header.line);
     const auto counts = header.dialect.Counts();
     const auto terminals = std::find(counts.begin(), counts.end(), CountField::Terminals);
     layout.terminalWord = 5 + static_cast<std::size_t>(terminals - counts.begin());
@@ -352,9 +347,9 @@ class CatalogueBuilder {
         layout_ = CatalogueLayoutFor(header, LibraryVersion(firstLine));
         const bool listsParttypes = kind_ == PlotKind::Parttype;
 
-        if (!layout_.firstLineIsItem) {
-            lines_.Read();
-        }
+        // The first line of a file is its header, never an item, whatever it looks like: a
+        // header indented by blanks is still the header.
+        lines_.Read();
         if (header.pcbFile) {
             catalogue_.sorted = true;
             lines_.SeekSection(listsParttypes ? kParttypeSection : kDecalSection);

@@ -45,7 +45,13 @@ double DecalUnitFactor(const FileHeader& header, std::string_view unitLetter) {
 
 void LocateSections(DecalRecord& record) {
     BodyLayout layout(record.header.dialect, record.counts, record.name, record.fileName);
+    // Records framed by their counts must hold what the counts say; older files are framed by
+    // blank lines and read as far as their bodies go.
+    const bool checked = record.header.dialect.framing == Framing::Counts;
     for (std::size_t i = 0; i < record.lines.size(); ++i) {
+        if (checked) {
+            layout.CheckAgainstCounts(record.lines[i], record.LineNumberOf(i));
+        }
         layout.Take(record.lines[i], record.LineNumberOf(i));
     }
     const BodySections sections = layout.Sections();
@@ -316,9 +322,9 @@ bool DecalReader::NextRecord(DecalRecord& record) {
 
 void DecalReader::StartAtFirstRecord() {
     RestartAtDecals();
-    // A library's first line is its file header, unless the library has none and starts right
-    // away with a decal header.
-    if (!header_.pcbFile && (line_.starts_with('*') || line_.starts_with('!'))) {
+    // A library's first line is its file header, whatever it looks like (an indented header
+    // included), never a record: the catalogue offers nothing from it either.
+    if (!header_.pcbFile) {
         Advance();
     }
 }

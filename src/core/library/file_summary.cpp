@@ -2,6 +2,7 @@
 
 #include <iomanip>
 
+#include "common/errors.h"
 #include "library/decal_reader.h"
 #include "shell/identification.h"
 
@@ -51,7 +52,7 @@ void WriteCount(std::ostream& out, int width, bool present, unsigned value) {
     }
 }
 
-void WriteRecord(std::ostream& out, const DecalRecord& record) {
+void WriteRecord(std::ostream& out, const DecalRecord& record, bool damaged = false) {
     const bool library = !record.header.pcbFile;
     const DecalCounts& counts = record.counts;
     out << std::left << std::setw(static_cast<int>(kMaxDecalNameLength)) << record.name << ' '
@@ -62,6 +63,9 @@ void WriteRecord(std::ostream& out, const DecalRecord& record) {
     WriteCount(out, 5, true, counts.texts);
     WriteCount(out, 9, true, counts.terminals);
     WriteCount(out, 6, true, counts.stacks);
+    if (damaged) {
+        out << "  DAMAGED";
+    }
     out << '\n';
 }
 
@@ -102,9 +106,27 @@ void WriteFileSummary(const std::filesystem::path& file, std::ostream& out) {
         << std::left << std::setw(static_cast<int>(kMaxDecalNameLength)) << "Decal"
         << " Unit Attrs Labels Pieces Texts Terminals Stacks\n"
         << std::right;
-    DecalRecord record;
     unsigned long decals = 0;
-    while (reader.NextRecord(record)) {
+    for (;;) {
+        DecalRecord record;
+        try {
+            if (!reader.NextRecord(record)) {
+                break;
+            }
+        } catch (const Error&) {
+            // The records read so far stand in the table; the one that failed is listed with
+            // what its header said when its counts were read (its body then failed), and the
+            // error that says why follows the table.
+            if (!record.lines.empty()) {
+                WriteRecord(out, record, true);
+            } else if (!record.name.empty()) {
+                out << std::left << std::setw(static_cast<int>(kMaxDecalNameLength)) << record.name
+                    << std::right << "  DAMAGED header\n";
+            }
+            out << decals << (decals == 1 ? " decal" : " decals")
+                << " read before the damaged record\n";
+            throw;
+        }
         WriteRecord(out, record);
         ++decals;
     }

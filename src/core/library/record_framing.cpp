@@ -85,6 +85,47 @@ bool IsRealNumber(std::string_view word) {
     return error == std::errc{} && end == word.data() + word.size();
 }
 
+// What the counts of a record expect as its next body line.
+enum class Expected { PieceHeader, Terminal, StackHeader };
+
+const char* ExpectedName(Expected expected) {
+    switch (expected) {
+        case Expected::PieceHeader:
+            return "the header of a piece";
+        case Expected::Terminal:
+            return "a terminal";
+        case Expected::StackHeader:
+            break;
+    }
+    return "the header of a pad stack";
+}
+
+// "T-50", "T0.8": a terminal's first word, the letter T and the x coordinate.
+bool IsTerminalWord(std::string_view word) {
+    return word.size() > 1 && word.front() == 'T' && IsRealNumber(word.substr(1));
+}
+
+// Whether `line` can be the item the counts expect. Only the first word is judged: a piece
+// header starts with its keyword (letters and digits, "OPEN", "COPCLS", "ARWLN1"), a terminal
+// with T and its x, a stack with "PAD".
+bool LineFits(std::string_view line, Expected expected) {
+    const std::string_view word = TakeWord(line);
+    switch (expected) {
+        case Expected::PieceHeader:
+            return !word.empty() && std::isalpha(static_cast<unsigned char>(word.front())) != 0 &&
+                   !IsTerminalWord(word) && word != "PAD";
+        case Expected::Terminal:
+            return IsTerminalWord(word);
+        case Expected::StackHeader:
+            break;
+    }
+    return word == "PAD";
+}
+
+std::string Plural(unsigned count, const char* one, const char* many) {
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
 }  // namespace
 
 DecalHeaderFields ReadDecalHeaderAfterName(std::string_view name, std::string_view rest,
@@ -198,6 +239,29 @@ void BodyLayout::Take(std::string_view line, long lineNumber) {
     }
     ++taken_;
     Settle();
+}
+
+void BodyLayout::CheckAgainstCounts(std::string_view line, long lineNumber) const {
+    // Corner and stack lines are numbers of any kind; the item headers tell the sections apart.
+    Expected expected = Expected::Terminal;
+    if (part_ == Part::Pieces && itemLeft_ == 0) {
+        expected = Expected::PieceHeader;
+    } else if (part_ == Part::Stacks && itemLeft_ == 0) {
+        expected = Expected::StackHeader;
+    } else if (part_ != Part::Terminals) {
+        return;  // free text, item lines, or lines beyond the counts
+    }
+    if (LineFits(line, expected)) {
+        return;
+    }
+    throw FormatError("decal " + decalName_ + " does not hold what its header counts (" +
+                          Plural(counts_.pieces, "piece", "pieces") + ", " +
+                          Plural(counts_.texts, "text", "texts") + ", " +
+                          Plural(counts_.terminals, "terminal", "terminals") + ", " +
+                          Plural(counts_.stacks, "pad stack", "pad stacks") +
+                          "): " + ExpectedName(expected) + " was due here, not \"" +
+                          std::string(TrimBlanks(line)) + "\"",
+                      fileName_, lineNumber);
 }
 
 std::size_t BodyLayout::StartOf(Part part) const {

@@ -69,8 +69,12 @@ class BodyLayout {
     // Takes the next body line; `lineNumber` is its 1-based line in the file (0 when unknown).
     // A corner count of a piece header or a line count of a stack header that is not a whole
     // number is a ConversionError naming the decal, the file and the line; a negative count
-    // announces no lines.
+    // announces no lines. Framing takes any line: a damaged record still ends where it ends.
     void Take(std::string_view line, long lineNumber);
+    // Before Take: a FormatError naming the decal, its counts and the line when `line` cannot be
+    // the item the counts expect there (a terminal where a piece header is due, a pad stack where
+    // a terminal is due): the record's header and its body disagree.
+    void CheckAgainstCounts(std::string_view line, long lineNumber) const;
 
     // Whether the counts announce further lines.
     bool WantsMore() const { return part_ != Part::Done; }

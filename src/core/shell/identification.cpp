@@ -117,6 +117,26 @@ bool IsParttypeFile(const std::filesystem::path& fileName) {
     return IsLibraryFile(fileName, 3);
 }
 
+InputKind InputKindOfFirstLine(std::string_view firstLine) {
+    const auto contains = [firstLine](std::string_view text) {
+        return firstLine.find(text) != std::string_view::npos;
+    };
+    if (contains("!PADS-POWERPCB") || contains("!PADS-LAYOUT")) {
+        return {true, true};
+    }
+    if (contains("*PADS-LIBRARY-PCB-DECALS")) {
+        return {true, false};
+    }
+    if (contains("*PADS-LIBRARY-PART-TYPES") || contains("*PADS-")) {
+        return {false, contains("*PADS-LIBRARY-PART-TYPES")};
+    }
+    return {FirstLineIsLibrary(firstLine, 2), FirstLineIsLibrary(firstLine, 3)};
+}
+
+InputKind InputKindOfFile(const std::filesystem::path& fileName) {
+    return InputKindOfFirstLine(ReadFirstLine(fileName));
+}
+
 bool HasDecalName(std::string_view fileName) {
     return EndsWithFirst(fileName, ".D") || EndsWithFirst(fileName, ".ASC");
 }

@@ -34,6 +34,14 @@ bool IsDecalFile(const std::filesystem::path& fileName);
 // A parttype library (headerless ones start with "name decal unit ..."), or a PCB file.
 bool IsParttypeFile(const std::filesystem::path& fileName);
 
+// What a first line says the file holds: a decal library header (or a headerless one whose
+// first line is "name unit ..."), a parttype library header (or "name decal unit ..."), or a PCB
+// header, which is both. The header texts count anywhere in the line, so an indented header
+// still names its kind. Schematic libraries and netlists ("*PADS-PCB*") are neither.
+InputKind InputKindOfFirstLine(std::string_view firstLine);
+// InputKindOfFirstLine on the first line of `fileName`; IoError when it cannot be opened.
+InputKind InputKindOfFile(const std::filesystem::path& fileName);
+
 // The name ends with ".D" or ".ASC", in any case. Only the first occurrence of the ending counts,
 // so "C:\LIB.DIR\X.D" fails: that is how the main window has always judged names.
 bool HasDecalName(std::string_view fileName);

@@ -15,6 +15,8 @@
 namespace zantor {
 namespace {
 
+constexpr std::string_view kGeneralSection = "General";
+
 QString ToQString(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -116,9 +118,20 @@ SettingsStore SettingsStore::OpenZantor() {
 #endif
 }
 
+QVariant SettingsStore::Lookup(std::string_view section, std::string_view name) const {
+    QVariant value = settings_->value(Key(section, name));
+    // Qt writes the section "General" as [%General], because a plain [General] is where its
+    // files keep the values outside any section. A file edited by hand may well say [General]:
+    // those values count for the section too, where Qt's own section has none.
+    if (!value.isValid() && section == kGeneralSection) {
+        value = settings_->value(ToQString(name));
+    }
+    return value;
+}
+
 std::string SettingsStore::ReadString(std::string_view section, std::string_view name,
                                       std::string_view fallback) const {
-    const QVariant value = settings_->value(Key(section, name));
+    const QVariant value = Lookup(section, name);
     if (!value.isValid()) {
         return std::string(fallback);
     }
@@ -127,7 +140,7 @@ std::string SettingsStore::ReadString(std::string_view section, std::string_view
 
 std::int32_t SettingsStore::ReadInteger(std::string_view section, std::string_view name,
                                         std::int32_t fallback) const {
-    const QVariant value = settings_->value(Key(section, name));
+    const QVariant value = Lookup(section, name);
     if (!value.isValid()) {
         return fallback;
     }
@@ -139,7 +152,7 @@ std::int32_t SettingsStore::ReadInteger(std::string_view section, std::string_vi
 }
 
 bool SettingsStore::ReadBool(std::string_view section, std::string_view name, bool fallback) const {
-    const QVariant value = settings_->value(Key(section, name));
+    const QVariant value = Lookup(section, name);
     if (!value.isValid()) {
         return fallback;
     }

@@ -7,8 +7,9 @@
 // with one subkey per section, and beside it the key HKEY_CURRENT_USER\ZANTOR. Elsewhere each key
 // is a text file in the user's configuration folder ($XDG_CONFIG_HOME, else ~/.config on Linux):
 // Brovik/Zantor.conf for the program's key and ZANTOR.conf for the ZANTOR key, one [section] per
-// section (Qt writes the section "General" as [%General]). The folder is looked up when a store
-// is opened, so pointing XDG_CONFIG_HOME somewhere else and opening again gives another store.
+// section (Qt writes the section "General" as [%General]; a hand-written [General] is read too).
+// The folder is looked up when a store is opened, so pointing XDG_CONFIG_HOME somewhere else and
+// opening again gives another store.
 //
 // This is the only file of the shell that talks to Qt.
 
@@ -19,6 +20,7 @@
 #include <string_view>
 
 class QSettings;
+class QVariant;
 
 namespace zantor {
 
@@ -63,6 +65,8 @@ class SettingsStore {
 
   private:
     SettingsStore(std::unique_ptr<QSettings> settings, std::string location);
+    // The stored value of `name` in `section`; invalid when there is none.
+    QVariant Lookup(std::string_view section, std::string_view name) const;
 
     std::unique_ptr<QSettings> settings_;
     std::string location_;

@@ -115,10 +115,15 @@ TEST(LibraryCatalogue, ItemFraming) {
                                "*PADS-LIBRARY-PCB-DECALS-V4*\n\nONLY I 0 0 0 0 0 0 1 0\n"
                                "T0 0 0 0 1\n\nLAST I 0 0 0 0 0 0 1 0\n");
     EXPECT_EQ(ListNames(ended), Names{"ONLY"});
+    // The first line of a library is its header line whatever it holds, indented or missing.
+    auto indented = dir.WriteFile("indented.d",
+                                  "  *PADS-LIBRARY-PCB-DECALS-V4*\n\n"
+                                  "SO8 I 0 0 0 0 1 0 8 1\nOPEN 2 10 26\n0 0\n1 1\n\n");
+    EXPECT_EQ(ListNames(indented), (Names{"SO8"}));
     auto plain = dir.WriteFile("plain.d",
-                               "DIP8 I 0 0 0 0 1 0 8 1\nOPEN 2 10 26\n0 0\n1 1\n\n"
+                               "DIP8 I 0 0 0 0 0 0 0 0\n\n"
                                "SO8 I 0 0 0 0 1 0 8 1\nOPEN 2 10 26\n0 0\n1 1\n\n");
-    EXPECT_EQ(ListNames(plain), (Names{"DIP8", "SO8"}));
+    EXPECT_EQ(ListNames(plain), (Names{"SO8"}));
     auto empty = dir.WriteFile("empty.d", "");
     Listing nothing = List(empty);
     EXPECT_TRUE(nothing.catalogue.entries.empty());

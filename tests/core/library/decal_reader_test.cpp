@@ -305,14 +305,17 @@ TEST(DecalReaderPcb, AFileWithoutDecalSectionHasNoDecals) {
     EXPECT_THROW(DecalReader missing(dir.Path() / "none.d"), IoError);
 }
 
-TEST(DecalReaderRecord, HeadlessLibrariesStartWithTheirFirstRecord) {
+TEST(DecalReaderRecord, TheFirstLineOfALibraryIsItsHeaderWhateverItHolds) {
     test::TempDir dir;
-    auto records =
-        AllRecords(dir.WriteFile("plain.d", "R1 I 0 0 0 0 0 0 0 0\nT0 0 0 0 1\n\nR2 M 0 0\n"));
-    ASSERT_EQ(Names(records), (Texts{"R1", "R2"}));
+    auto records = AllRecords(dir.WriteFile(
+        "plain.d", "R1 I 0 0 0 0 0 0 0 0\n\nR2 I 0 0 0 0 0 0 1 0\nT0 0 0 0 1\n\nR3 M 0 0\n"));
+    ASSERT_EQ(Names(records), (Texts{"R2", "R3"}));
     EXPECT_EQ(records[0].header.product, FileProduct::Unknown);
     // Missing counts read as 0.
     EXPECT_EQ(CountsOf(records[1]), (std::vector<int>{0, 0, 0, 0, 0, 0}));
+    auto indented = AllRecords(
+        dir.WriteFile("indented.d", "  *PADS-LIBRARY-PCB-DECALS-V4*\n\nR1 I 0 0 0 0 0 0 0 0\n"));
+    EXPECT_EQ(Names(indented), Texts{"R1"});
 }
 
 TEST(DecalReaderRecord, BadCountsNameFileLineAndWord) {

@@ -80,6 +80,57 @@ TEST(BodyLayout, ShortBodiesAndBadCounts) {
     }
 }
 
+// A header that counts more pieces or terminals than the body holds: the first line that cannot
+// be what the counts expect there is named, with the decal and what its header counts.
+TEST(BodyLayout, ALineThatDisagreesWithTheCountsIsNamed) {
+    const struct {
+        std::uint16_t pieces;
+        std::uint16_t terminals;
+        long badLine;
+        const char* message;
+    } cases[] = {
+        {2, 2, 44,
+         "decal BUZZER does not hold what its header counts (2 pieces, 0 texts, 2 terminals, 1 "
+         "pad stack): the header of a piece was due here, not \"T0 9 0 9 1\""},
+        {1, 3, 46,
+         "decal BUZZER does not hold what its header counts (1 piece, 0 texts, 3 terminals, 1 "
+         "pad stack): a terminal was due here, not \"PAD 0 2\""},
+    };
+    const std::vector<std::string> body = {"CLOSED 2 0.1 26 -1", "-6 -6",        "6 6",
+                                           "T0 9 0 9 1",         "T0 -9 0 -9 2", "PAD 0 2",
+                                           "-2 3 OF 0 8 0",      "-1 0 R"};
+    for (const auto& c : cases) {
+        DecalCounts counts;
+        counts.pieces = c.pieces;
+        counts.terminals = c.terminals;
+        counts.stacks = 1;
+        BodyLayout layout(V9Library(), counts, "BUZZER", "lib.d");
+        try {
+            for (std::size_t i = 0; i < body.size(); ++i) {
+                layout.CheckAgainstCounts(body[i], 41 + static_cast<long>(i));
+                layout.Take(body[i], 41 + static_cast<long>(i));
+            }
+            ADD_FAILURE() << "no error for " << c.pieces << " pieces";
+        } catch (const FormatError& error) {
+            EXPECT_EQ(error.line(), c.badLine);
+            EXPECT_EQ(error.message(), c.message);
+        }
+    }
+    // Counts that agree: keywords of any kind, arcs, fingers.
+    DecalCounts counts;
+    counts.pieces = 2;
+    counts.terminals = 2;
+    counts.stacks = 1;
+    BodyLayout good(V9Library(), counts, "BUZZER", "lib.d");
+    for (const char* line :
+         {"ARWLN1 1 0.1 26 -1", "0 0 0 900 -1 -1 1 1", "TAG 0 0 0 1", "T0 9 0 9 1",
+          "T-0.5 -9 0 -9 2", "PAD 0 2", "-2 3 OF 0 8 0", "-1 0 R"}) {
+        EXPECT_NO_THROW(good.CheckAgainstCounts(line, 0)) << line;
+        good.Take(line, 0);
+    }
+    EXPECT_FALSE(good.WantsMore());
+}
+
 TEST(EndsRecord, BlankAndStarLinesAndHeadersAfterTheCounts) {
     DecalCounts one;
     one.terminals = 1;

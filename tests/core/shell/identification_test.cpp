@@ -42,6 +42,28 @@ TEST(FirstLineIsLibrary, HeaderTextsAnywhereOrAUnitLetter) {
     EXPECT_FALSE(FirstLineIsLibrary("DIP8 I 0 0", 3));
 }
 
+TEST(InputKindOfFirstLine, DecalOrParttypeByHeaderOrByTheUnitLetter) {
+    const InputKind decal{true, false};
+    const InputKind parttype{false, true};
+    const InputKind both{true, true};
+    const InputKind neither{};
+    const std::pair<const char*, InputKind> cases[] = {
+        {"*PADS-LIBRARY-PCB-DECALS-V9*", decal},
+        {"  *PADS-LIBRARY-PCB-DECALS-V4*", decal},
+        {"*PADS-LIBRARY-PART-TYPES-V2007*", parttype},
+        {"!PADS-POWERPCB-V9.5-METRIC! DESIGN DATABASE ASCII FILE 1.0", both},
+        {"!PADS-LAYOUT-V2024.2-MM!", both},
+        {"*PADS-PCB*", neither},  // a netlist
+        {"*PADS-LIBRARY-SCH-DECALS-V2007*", neither},
+        {"DIP8 I 0 0 0 0 0 0 8 1", decal},
+        {"7400 DIP14 I TTL 0 1 0 0", parttype},
+        {"", neither},
+    };
+    for (const auto& [line, kind] : cases) {
+        EXPECT_EQ(InputKindOfFirstLine(line), kind) << line;
+    }
+}
+
 TEST(IsLibraryFile, ReadsOnlyTheFirstLine) {
     test::TempDir dir;
     auto decals = dir.WriteFile("a.d", "DIP8 I 0 0 0 0 0 0 0 0\r\nT0 0 0 0\r\n");

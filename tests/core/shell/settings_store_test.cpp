@@ -43,6 +43,20 @@ TEST_F(StoreTest, ValuesComeBackFromTheirOwnFilesAsWritten) {
     EXPECT_TRUE(store.ReadBool("Decalplot", "Missing", true));
 }
 
+TEST_F(StoreTest, AHandWrittenGeneralSectionCountsBesideQtsOwn) {
+    TempDir folder;
+    const auto file = folder.WriteFile("edited.conf",
+                                       "[General]\nCompany=Brovik\nLeftMargin=20\nXBorder=5\n"
+                                       "[%General]\nLeftMargin=15\n[Decalplot]\nView1_1=1\n");
+    const SettingsStore store(file);
+    EXPECT_EQ(store.ReadString("General", "Company", ""), "Brovik");
+    EXPECT_EQ(store.ReadString("General", "LeftMargin", ""), "15");  // Qt's own section wins
+    EXPECT_EQ(store.ReadInteger("General", "XBorder", 0), 5);
+    EXPECT_TRUE(store.ReadBool("Decalplot", "View1_1", false));
+    // Only the General section looks there.
+    EXPECT_EQ(store.ReadString("Decalplot", "Company", "none"), "none");
+}
+
 TEST_F(StoreTest, HandEditedValuesAreReadOrNamedInTheError) {
     TempDir folder;
     const auto file = folder.WriteFile("edited.conf",
