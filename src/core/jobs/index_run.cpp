@@ -38,9 +38,13 @@ IndexStep IndexRun::AddDecal(const Decal& decal, const DecalExtents& extents,
     frame_.OriginY2 = page.bottom;
     frame_.PageHeight = page.pageHeight;
 
-    const IndexCellPlace place{
+    IndexCellPlace place{
         column_,          row_, layout_.cellHeight, layout_.columnWidth, kIndexCellMargin,
         page.usableHeight};
+    // The decal's left edge as drawn: its extents at the cell's scale from its origin.
+    place.decalLeft = extents.Empty()
+                          ? placement.originX
+                          : placement.originX + extents.xmin * decal.unitFactor * placement.scale;
     DrawIndexCell(frame_, {decal, font_, place, reports});
     pageBegun_ = true;
 

@@ -5,6 +5,7 @@
 #include "common/errors.h"
 #include "plot/decal_body.h"
 #include "plot/decal_page.h"
+#include "plot/fitted_text.h"
 #include "plot/title_block.h"
 
 namespace zantor {
@@ -22,9 +23,8 @@ constexpr double kCompanyBoxWidth = 60.0;
 constexpr double kCompanyCentre = 48.0;
 constexpr double kCompanyTextSize = 7.0;
 constexpr double kCompanyBaseline = 2.0;
-// A generous average advance of a proportional font, in ems: a long company name is made
-// smaller so that it stays inside its box without measuring it on the device.
-constexpr double kAverageAdvance = 0.65;
+// Texts keep this far from the rules of their fields.
+constexpr double kRuleGap = 0.5;
 
 void Rule(PlotFrame& frame, double x1, double y1, double x2, double y2) {
     frame.PageMoveTo(x1, y1);
@@ -43,32 +43,42 @@ void DrawStripTexts(PlotFrame& frame, const IndexFrameInputs& inputs) {
 
     if (!settings.GenComment.empty()) {
         const double size = settings.GenComSize;
+        const TextField page{kRuleGap, w - kRuleGap};
         switch (settings.GenComAdjust) {
             case 1:
-                frame.PageText(settings.GenComment, size, kCommentBase, w / 2, font,
-                               TextAlign::Centre);
+                PageTextInField(frame, settings.GenComment, size, kCommentBase, w / 2, font,
+                                TextAlign::Centre, page);
                 break;
             case 2:
-                frame.PageText(settings.GenComment, size, kCommentBase, w - 3, font,
-                               TextAlign::Right);
+                PageTextInField(frame, settings.GenComment, size, kCommentBase, w - 3, font,
+                                TextAlign::Right, page);
                 break;
             default:
-                frame.PageText(settings.GenComment, size, kCommentBase, 3, font);
+                PageTextInField(frame, settings.GenComment, size, kCommentBase, 3, font,
+                                TextAlign::Left, page);
                 break;
         }
     }
 
-    frame.PageText(inputs.date, kLabelSize, 6.5, w - 18, font);
+    // The strip's fields: company up to the rule at 85, library name up to the one at W - 40,
+    // plot date and page in the two rows right of it.
+    PageTextInField(frame, inputs.date, kLabelSize, 6.5, w - 18, font, TextAlign::Left,
+                    {AfterLabel("PLOTDATE:", font, kLabelSize, w - 39), w - kRuleGap});
     if (!settings.Company.empty()) {
-        const double fitting =
-            kCompanyBoxWidth / (kAverageAdvance * static_cast<double>(settings.Company.size()));
-        frame.PageText(settings.Company, std::min(kCompanyTextSize, fitting), kCompanyBaseline,
-                       kCompanyCentre, settings.CompanyFont, TextAlign::Centre);
+        const double room = std::min(
+            kCompanyBoxWidth, RoomAt({kRuleGap, 85 - kRuleGap}, kCompanyCentre, TextAlign::Centre));
+        const double size =
+            FittingTextSize(settings.Company, settings.CompanyFont, kCompanyTextSize, room);
+        if (size > 0) {
+            frame.PageText(settings.Company, size, kCompanyBaseline, kCompanyCentre,
+                           settings.CompanyFont, TextAlign::Centre);
+        }
     }
-    frame.PageText(LibraryNameOf(inputs.inputPath), kLibraryNameSize, 2, 118, font,
-                   TextAlign::Centre);
-    frame.PageText(IndexPageText(inputs.pageNumber, inputs.pageCount), kLabelSize, 1.5, w - 22,
-                   font);
+    PageTextInField(frame, LibraryNameOf(inputs.inputPath), kLibraryNameSize, 2, 118, font,
+                    TextAlign::Centre, {85 + kRuleGap, w - 40 - kRuleGap});
+    PageTextInField(frame, IndexPageText(inputs.pageNumber, inputs.pageCount), kLabelSize, 1.5,
+                    w - 22, font, TextAlign::Left,
+                    {AfterLabel("PAGE", font, kLabelSize, w - 39), w - kRuleGap});
 }
 
 void DrawFrameLines(PlotFrame& frame, const IndexFrameInputs& inputs, bool columnRules) {
@@ -149,13 +159,17 @@ void DrawIndexCell(PlotFrame& frame, const IndexCellInputs& inputs) {
 
     if (const Colour text = frame.PenFor(kPenFormText, 0); text != kNotPlotted) {
         frame.SetColour(text);
+        // The name and the scale stand in the part of the cell left of the decal.
+        const double columnLeft = (place.column - 1) * place.columnWidth;
+        const double decalLeft = std::min(place.decalLeft, place.column * place.columnWidth);
+        const TextField field{columnLeft + kRuleGap, decalLeft - kRuleGap};
         const double nameBase = centre - nameSize / 2 + (settings.PrintScale ? 3 / columns : 0);
-        frame.PageText(inputs.decal.name, nameSize, nameBase, anchor, settings.FormularFont,
-                       TextAlign::Centre);
+        PageTextInField(frame, inputs.decal.name, nameSize, nameBase, anchor,
+                        settings.FormularFont, TextAlign::Centre, field);
         if (settings.PrintScale) {
-            frame.PageText(IndexScaleText(frame.Scale), 5 / columns,
-                           centre - nameSize / 2 - 3 / columns, anchor, settings.FormularFont,
-                           TextAlign::Centre);
+            PageTextInField(frame, IndexScaleText(frame.Scale), 5 / columns,
+                            centre - nameSize / 2 - 3 / columns, anchor, settings.FormularFont,
+                            TextAlign::Centre, field);
         }
     }
     if (settings.PlotOrigins && settings.OriginSize > 0.01) {

@@ -53,6 +53,9 @@ struct IndexCellPlace {
     double columnWidth = 0;
     double cellMargin = 0;  // m: the cells start this far below the frame's top
     double height = 0;      // H: frame height in mm
+    // Where the decal's picture begins on the left (page mm): the cell's name and scale keep
+    // left of it. The column's right edge, or beyond, leaves them the whole column.
+    double decalLeft = 1e9;
 };
 
 struct IndexCellInputs {

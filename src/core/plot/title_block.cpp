@@ -7,6 +7,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "plot/fitted_text.h"
+
 namespace zantor {
 namespace {
 
@@ -18,9 +20,8 @@ constexpr double kFormLineWidth = 0.25;
 constexpr double kCompanyBoxWidth = 70.0;
 constexpr double kCompanyTextSize = 10.0;
 constexpr double kCompanyBaseline = 18.5;
-// A generous average advance of a proportional font, in ems: a long company name is made
-// smaller so that it stays inside its box without measuring it on the device.
-constexpr double kAverageAdvance = 0.65;
+// Values keep this far from the rules of their fields.
+constexpr double kRuleGap = 0.5;
 
 struct Label {
     const char* text;
@@ -119,28 +120,46 @@ void DrawCompany(PlotFrame& frame, double w) {
     if (settings.Company.empty()) {
         return;
     }
-    const double fitting =
-        kCompanyBoxWidth / (kAverageAdvance * static_cast<double>(settings.Company.size()));
-    const double size = std::min(kCompanyTextSize, fitting);
-    frame.PageText(settings.Company, size, kCompanyBaseline, (w - 110) / 2 + 105,
-                   settings.CompanyFont, TextAlign::Centre);
+    const double room = std::min(kCompanyBoxWidth, w - 100 - 2 * kRuleGap);
+    const double size =
+        FittingTextSize(settings.Company, settings.CompanyFont, kCompanyTextSize, room);
+    if (size > 0) {
+        frame.PageText(settings.Company, size, kCompanyBaseline, (w - 110) / 2 + 105,
+                       settings.CompanyFont, TextAlign::Centre);
+    }
+}
+
+// The field between two rules, less the gap the text keeps from them.
+TextField Between(double leftRule, double rightRule) {
+    return {leftRule + kRuleGap, rightRule - kRuleGap};
+}
+
+// The field right of a label drawn at `labelX` up to the rule at `rightRule`.
+TextField AfterLabelUpTo(const std::string& font, std::string_view label, double labelX,
+                         double rightRule) {
+    return {AfterLabel(label, font, kFormularTextSize, labelX), rightRule - kRuleGap};
 }
 
 void DrawValues(PlotFrame& frame, const TitleBlockInputs& inputs) {
     const PlotSettings& settings = frame.Settings();
     const std::string& font = settings.FormularFont;
     const double w = inputs.width;
-    frame.PageText(inputs.decalName, kNameTextSize, 24, 50, font, TextAlign::Centre);
-    frame.PageText(std::to_string(inputs.terminalCount), kFormularTextSize, 18.5, 27, font,
-                   TextAlign::Right);
-    frame.PageText(ScaleText(frame.Scale), kFormularTextSize, 1.5, 20, font);
-    frame.PageText(inputs.date, kFormularTextSize, 1.5, 54, font);
+    PageTextInField(frame, inputs.decalName, kNameTextSize, 24, 50, font, TextAlign::Centre,
+                    Between(0, 100));
+    PageTextInField(frame, std::to_string(inputs.terminalCount), kFormularTextSize, 18.5, 27, font,
+                    TextAlign::Right, AfterLabelUpTo(font, "TERMS:", 2, 32.5));
+    PageTextInField(frame, ScaleText(frame.Scale), kFormularTextSize, 1.5, 20, font,
+                    TextAlign::Left, Between(0, 33));
+    PageTextInField(frame, inputs.date, kFormularTextSize, 1.5, 54, font, TextAlign::Left,
+                    Between(33, 70));
     DrawCompany(frame, w);
-    frame.PageText(LibraryNameOf(inputs.inputPath), kNameTextSize, 7, (w - 100) / 2 + 105, font,
-                   TextAlign::Centre);
+    PageTextInField(frame, LibraryNameOf(inputs.inputPath), kNameTextSize, 7, (w - 100) / 2 + 105,
+                    font, TextAlign::Centre, Between(100, w));
     const std::string& formNo = settings.DecalAsFormNo ? inputs.decalName : settings.FormNo;
-    frame.PageText(formNo, kFormularTextSize, 1.5, w - 54, font, TextAlign::Centre);
-    frame.PageText("1    OF    1", kFormularTextSize, 1.5, w - 18, font);
+    PageTextInField(frame, formNo, kFormularTextSize, 1.5, w - 54, font, TextAlign::Centre,
+                    AfterLabelUpTo(font, "FORM.NO:", 102, w - 36));
+    PageTextInField(frame, "1    OF    1", kFormularTextSize, 1.5, w - 18, font, TextAlign::Left,
+                    Between(w - 36, w));
 }
 
 std::string HeightText(const PlotSettings& settings, const MeasurementInputs& inputs) {
@@ -172,35 +191,38 @@ void DrawMeasurements(PlotFrame& frame, const MeasurementInputs& inputs) {
     const PlotSettings& settings = frame.Settings();
     const std::string& font = settings.FormularFont;
     const char unit = settings.MeasUnit;
+    // The X column runs from the rule at 36 to the one at 53, the Y column on to the one at 70.
     const auto measure = [&](double value, double x, double y) {
-        frame.PageText(FormatMeasure(unit, value, inputs.units), kFormularTextSize, y, x, font,
-                       TextAlign::Right);
+        PageTextInField(frame, FormatMeasure(unit, value, inputs.units), kFormularTextSize, y, x,
+                        font, TextAlign::Right, Between(x < 53 ? 36 : 53, x < 53 ? 53 : 70));
     };
     measure(inputs.terminal1X, 51, 10);
     measure(inputs.terminal1Y, 68, 10);
     measure(inputs.terminal2X - inputs.terminal1X, 51, 6.5);
     measure(inputs.terminal2Y - inputs.terminal1Y, 68, 6.5);
     // The unit of the measurements (and of the height) in the free end of the heading row.
-    frame.PageText("(" + UnitSuffix(unit, inputs.units.mils) + ")", 2.0, 14, 35, font,
-                   TextAlign::Right);
-    frame.PageText(HeightText(settings, inputs), kFormularTextSize, 18.5, 68, font,
-                   TextAlign::Right);
+    PageTextInField(frame, "(" + UnitSuffix(unit, inputs.units.mils) + ")", 2.0, 14, 35, font,
+                    TextAlign::Right,
+                    {AfterLabel("MEASUREMENTS", font, kFormularTextSize, 2), 36 - kRuleGap});
+    PageTextInField(frame, HeightText(settings, inputs), kFormularTextSize, 18.5, 68, font,
+                    TextAlign::Right, AfterLabelUpTo(font, "HEIGTH:", 33.7, 70));
 
     if (settings.GenComment.empty()) {
         return;
     }
     const double size = settings.GenComSize;
+    const TextField page = Between(0, inputs.width);
     switch (settings.GenComAdjust) {
         case 1:
-            frame.PageText(settings.GenComment, size, 34.5, inputs.width / 2, font,
-                           TextAlign::Centre);
+            PageTextInField(frame, settings.GenComment, size, 34.5, inputs.width / 2, font,
+                            TextAlign::Centre, page);
             break;
         case 2:
-            frame.PageText(settings.GenComment, size, 34.5, inputs.width - 3, font,
-                           TextAlign::Right);
+            PageTextInField(frame, settings.GenComment, size, 34.5, inputs.width - 3, font,
+                            TextAlign::Right, page);
             break;
         default:
-            frame.PageText(settings.GenComment, size, 34.5, 3, font);
+            PageTextInField(frame, settings.GenComment, size, 34.5, 3, font, TextAlign::Left, page);
             break;
     }
 }

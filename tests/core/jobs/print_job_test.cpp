@@ -25,6 +25,7 @@
 #include "plot/title_block.h"
 #include "support/page_test_support.h"
 #include "support/test_support.h"
+#include "support/trace_boxes.h"
 
 namespace zantor {
 namespace {
@@ -459,6 +460,67 @@ TEST(PrintJobIndex, MirrorMarginsBindEvenPagesOnTheRight) {
                                             "move 1200 -28800"}))
             << "mirror " << mirror;
     }
+}
+
+std::vector<std::string> LinesOfPage(const std::string& page) {
+    std::vector<std::string> lines;
+    std::istringstream in(page);
+    for (std::string line; std::getline(in, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+// A rectangle outline of `width` x `height` mm round the origin: its sides are straight lines
+// that a name running into the decal would cross.
+std::string BoxDecal(const std::string& name, double width, double height) {
+    std::ostringstream decal;
+    decal << name << " M 0 0 0 0 1 0 0 0\nCLOSED 5 0.1 26\n"
+          << -width / 2 << " " << -height / 2 << "\n"
+          << width / 2 << " " << -height / 2 << "\n"
+          << width / 2 << " " << height / 2 << "\n"
+          << -width / 2 << " " << height / 2 << "\n"
+          << -width / 2 << " " << -height / 2 << "\n\n";
+    return decal.str();
+}
+
+TEST(PrintJobIndex, LongNamesKeepLeftOfTheirDecalsAndLongLibraryNamesInsideTheStrip) {
+    test::TempDir dir;
+    const std::vector<std::string> names = {"CAPC1608X90N_0603_CONVERTED_PAD_WIDE_40C",
+                                            "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW", "R0603",
+                                            "SOIC127P600X175-8N_VENDOR_EXPORT_NAME_40"};
+    std::string library = "*PADS-LIBRARY-PCB-DECALS-V4*\n\n";
+    const double sizes[][2] = {{30, 10}, {4, 40}, {2, 1}, {60, 60}};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        library += BoxDecal(names[i], sizes[i][0], sizes[i][1]);
+    }
+    const auto file = dir.WriteFile("A_VENDORS_VERY_LONG_LIBRARY_NAME_OF_FORTY_NINE_CHARS.d",
+                                    library + "*END*\n");
+    Command command(file, PlotKind::Index);
+    command.context.PlotSettings.Company = "Brovik Elektronik og Mekanikk AS";
+    command.context.PlotSettings.PrintScale = true;
+    for (int columns : {1, 2, 3}) {
+        command.context.PlotSettings.Columns = columns;
+        command.context.PlotSettings.PartsEachColumn = 4;
+        const auto trace = dir.Path() / ("index" + std::to_string(columns) + ".trace");
+        {
+            TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+            EXPECT_EQ(command.Print(target, names).printed, 4);
+        }
+        const std::vector<std::string> pages = TracePages(trace);
+        ASSERT_EQ(pages.size(), 1u);
+        const test::TracedPage page = test::TracePage(LinesOfPage(pages[0]));
+        test::Box anywhere;
+        anywhere.Add(-1e9, -1e9);
+        anywhere.Add(1e9, 1e9);
+        EXPECT_EQ(test::TextFaults(page, anywhere), std::vector<std::string>{})
+            << columns << " columns";
+        const auto name = std::find_if(page.texts.begin(), page.texts.end(),
+                                       [](const auto& text) { return text.text == "R0603"; });
+        ASSERT_NE(name, page.texts.end());
+        EXPECT_EQ(name->height, 600 / columns) << "a short name keeps its height";
+    }
+    EXPECT_TRUE(command.messages.Entries().empty());
 }
 
 TEST(ScreenPictures, TheViewBoxShowsTheOneSelectedDecalFittedAndCentred) {

@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "common/errors.h"
 #include "core/plot/plot_test_support.h"
 #include "library/decal_reader.h"
+#include "plot/system_text_width.h"
+#include "support/page_test_support.h"
 
 namespace zantor {
 namespace {
@@ -145,11 +148,20 @@ TEST(IndexFrame, CompanyAndPcbLabelAndPensThatAreNotPlotted) {
     EXPECT_EQ(texts[1], "text 8650 980 280 \"Arial\" \"PCB:\"" + kText);
     EXPECT_EQ(texts[6], "text-centre 4800 900 700 \"Courier\" \"BROVIK\"" + kText);
 
-    // A long name is made smaller to stay in its box.
+    // A long name is made smaller to stay in its 60 mm, measured in its font.
+    test::App();
     PlotBench longName;
     longName.settings.Company = std::string(30, 'W');
     DrawIndexFrame(longName.frame, inputs);
-    EXPECT_EQ(Texts(longName.canvas)[6].substr(0, 27), "text-centre 4800 508 308 \"A");
+    std::istringstream words(Texts(longName.canvas)[6]);
+    std::string op;
+    int x = 0, top = 0, height = 0;
+    words >> op >> x >> top >> height;
+    EXPECT_EQ(op + " " + std::to_string(x), "text-centre 4800");
+    EXPECT_LT(height, 700);
+    const double width = SystemTextWidth(longName.settings.Company, "Arial", height / 100.0);
+    EXPECT_LE(width, 60);
+    EXPECT_GT(width, 55);  // no smaller than it needs to be
 
     PlotBench noText;
     noText.settings.PenTable[0].colour[kPenFormText] = kNotPlotted;

@@ -6,6 +6,8 @@
 #include <sstream>
 
 #include "core/plot/plot_test_support.h"
+#include "support/page_test_support.h"
+#include "support/trace_boxes.h"
 
 namespace zantor {
 namespace {
@@ -123,6 +125,7 @@ TEST(TitleBlock, LibraryNameIsTheFileNameWithoutItsExtension) {
 }
 
 TEST(TitleBlock, CompanyInItsOwnFontAndFormNumberAsSet) {
+    test::App();  // the company's width is measured in its font
     TitleBench named;
     named.settings.Company = "Brovik";
     named.settings.FormNo = "F-17";
@@ -244,6 +247,58 @@ TEST(TitleBlock, GeneralCommentStandsAboveTheTitleBlockAsAdjusted) {
         DrawMeasurements(bench.frame, Dip8());
         EXPECT_EQ(bench.TextOf("Check pin 1"),
                   start + " 300 \"Arial\" \"Check pin 1\" colour=000009");
+    }
+}
+
+// Converter output names its decals with up to 40 characters, and libraries get long names: on
+// every page size the title block keeps each text inside its field, at the normal height when it
+// fits and smaller only when it does not.
+TEST(TitleBlock, LongNamesShrinkToTheirFieldsAndShortOnesKeepTheirHeight) {
+    test::App();  // the fonts are measured
+    const std::string names[] = {
+        "CAPC1608X90N_0603_CONVERTED_PAD_WIDE_40C",
+        "WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW",
+        "QFP50P1400X1400X160-80N",
+    };
+    for (double width : {190.0, 277.0, 400.0}) {
+        for (const std::string& name : names) {
+            TitleBench bench;
+            bench.frame.OriginX2 = 0;
+            bench.frame.OriginY2 = 0;
+            bench.settings.Company = "Brovik Elektronik og Mekanikk AS";
+            bench.settings.DecalAsFormNo = true;
+            bench.settings.GenComment = std::string(80, 'M');
+            bench.settings.HeightInfo = 1;
+            TitleBlockInputs inputs = bench.Inputs();
+            inputs.decalName = name;
+            inputs.width = width;
+            inputs.inputPath = "/srv/libs/" + name + "_AND_A_VENDORS_LIBRARY_NAME.d";
+            inputs.terminalCount = 65535;
+            DrawTitleBlock(bench.frame, inputs);
+            MeasurementInputs measures;
+            measures.terminal1X = -123456.789;
+            measures.terminal1Y = 98765.4321;
+            measures.terminal2X = 555555.5;
+            measures.heightAttribute = "12.345 mm above the board, see drawing";
+            measures.width = width;
+            DrawMeasurements(bench.frame, measures);
+
+            const test::TracedPage page = test::TracePage(bench.canvas.Lines());
+            test::Box frame;
+            frame.Add(0, -250);  // the footer stands under the frame
+            frame.Add(width * 100, inputs.height * 100);
+            EXPECT_EQ(test::TextFaults(page, frame), std::vector<std::string>{})
+                << name << " on a frame " << width << " mm wide";
+            for (const test::TracedText& text : page.texts) {
+                const bool isName = text.text == name;
+                if (isName && text.box.top < 1000) {
+                    EXPECT_LE(text.height, 280) << "the form number " << name;
+                } else if (isName) {
+                    EXPECT_LE(text.height, 500) << name;
+                    EXPECT_EQ(text.height == 500, name.size() < 30) << name << " " << width;
+                }
+            }
+        }
     }
 }
 
