@@ -12,6 +12,7 @@ required=(
     fonts-liberation
     hershey-fonts-data
     poppler-utils
+    desktop-file-utils appstream man-db
 )
 # The system printer tests (a CUPS queue backed by cups-pdf), the benchmark, and the desktop
 # program in an X server for scripts/screenshots.sh.
