@@ -1,6 +1,6 @@
 # `cpack -G DEB` in the build folder makes a Debian package of the installed tree (prefix /usr).
 # dpkg-shlibdeps finds the Qt 6 runtime packages the program links to; the page text font
-# (Liberation) and the SVG plugins for the icon are named here.
+# (Liberation) is named here.
 set(CPACK_PACKAGE_NAME zantor)
 set(CPACK_PACKAGE_VENDOR Brovik)
 set(CPACK_PACKAGE_CONTACT "Brovik, Zantor developers")
@@ -15,5 +15,5 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation, libqt6svg6")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation")
 include(CPack)
