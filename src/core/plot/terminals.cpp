@@ -216,6 +216,48 @@ void DrawPinNumber(PlotFrame& frame, const StrokeFont& font, const TerminalLine&
                      kPinNumberLineWidth);
 }
 
+// The corners of a finger (or slot) `halfWidth` either side of its axis from `from` to `to`.
+void WidenByFinger(DecalExtents& extents, const FingerFrame& finger, double halfWidth, double from,
+                   double to) {
+    for (const double across : {-halfWidth, halfWidth}) {
+        for (const double along : {from, to}) {
+            const PlanePoint corner = finger.At(across, along);
+            extents.Widen(corner.x, corner.y);
+        }
+    }
+}
+
+// What the pad covers as DrawPadShape draws it, and its drill or slot: every layer's pad of a
+// terminal, whether its pen plots it or not, so that a page's picture does not move with pens.
+void WidenByPad(DecalExtents& extents, const PadStackEntry& pad, double x, double y,
+                FingerAxis axis) {
+    const double s = pad.size;
+    const std::string& shape = pad.shape;
+    if (shape == "R" || shape == "A" || shape == "O") {
+        extents.Widen(x - s / 2, y - s / 2);
+        extents.Widen(x + s / 2, y + s / 2);
+    } else if (shape == "S") {
+        WidenByFinger(extents, FingerFrame(x, y, 0, axis), s / 2, -s / 2, s / 2);
+    } else if (shape == "RF" || shape == "OF") {
+        // An oval finger's end caps reach the ends of its length, as the rectangle does.
+        const double half = pad.lenOrInner / 2;
+        WidenByFinger(extents, FingerFrame(x, y, pad.ori, axis), s / 2, pad.offsetOrSpoke - half,
+                      pad.offsetOrSpoke + half);
+    }
+    if (!(pad.drill > kSmallestMark)) {
+        return;
+    }
+    const double r = pad.drill / 2;
+    if (pad.drillLength < kSmallestMark) {
+        extents.Widen(x - r, y - r);
+        extents.Widen(x + r, y + r);
+    } else {
+        const double a = pad.drillLength / 2;
+        WidenByFinger(extents, FingerFrame(x, y, pad.drillOri, axis), r, pad.drillOffset - a,
+                      pad.drillOffset + a);
+    }
+}
+
 }  // namespace
 
 void DrawTerminal(PlotFrame& frame, const StrokeFont& font, const PadStackList& stacks,
@@ -254,8 +296,15 @@ void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const Decal& decal,
 }
 
 void TerminalExtents(const Decal& decal, DecalExtents& extents) {
+    const FingerAxis axis = decal.header.dialect.fingerAxis;
+    const PadStackList& stacks = decal.Stacks();
     for (const TerminalLine& terminal : decal.Terminals()) {
         extents.Widen(terminal.x, terminal.y);
+        for (std::int32_t layer = kTopLayerDrawn; layer >= kLastLayerDrawn; --layer) {
+            if (const PadStackEntry* pad = FindStackEntry(stacks, terminal.index, layer)) {
+                WidenByPad(extents, *pad, terminal.x, terminal.y, axis);
+            }
+        }
     }
 }
 

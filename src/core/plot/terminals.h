@@ -36,9 +36,10 @@ void DrawTerminal(PlotFrame& frame, const StrokeFont& font, const PadStackList& 
 void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const Decal& decal,
                    TerminalMarks& marks);
 
-// Widens `extents` by the position of every terminal of `decal`. Pad sizes and label positions
-// are not counted, as piece widths are not: the extents are the decal's geometry, and the page
-// borders leave room for what stands out of it.
+// Widens `extents` by every terminal of `decal`: its position, and the pads of every layer by
+// the geometry that draws them (shape, size, orientation, finger length and offset), with the
+// drill or slot. Pads that stick out of a decal's outline are then placed and scaled with it.
+// Label positions are not counted.
 void TerminalExtents(const Decal& decal, DecalExtents& extents);
 
 }  // namespace zantor

@@ -506,15 +506,25 @@ TEST(DrawTerminals, ARealPadRowDrawsSideBySideWithoutOverlapping) {
               "polygon -120 40 -90 40 -90 110 -120 110" + kPadPen);
 }
 
-TEST(TerminalExtents, CountTerminalPositionsNotLabelsOrPads) {
+// The pads as they are drawn: the 0.3 x 0.7 fingers run along x from the side terminals, the
+// centre pad's 1 x 1.7 finger turned upright; labels do not count.
+TEST(TerminalExtents, CountThePadsAsDrawnAndTheirSlotsButNotLabels) {
     DecalRecord record = SonDecal();
     record.lines[0] = "T-1.05 0.75 -9 9 1";  // a label far off the decal
     DecalExtents extents;
     TerminalExtents(ParseDecal(record), extents);
-    EXPECT_EQ(extents.xmin, -1.05);
-    EXPECT_EQ(extents.xmax, 1.05);
-    EXPECT_EQ(extents.ymin, -0.75);
-    EXPECT_EQ(extents.ymax, 0.75);
+    EXPECT_NEAR(extents.xmin, -1.4, 1e-12);
+    EXPECT_NEAR(extents.xmax, 1.4, 1e-12);
+    EXPECT_NEAR(extents.ymin, -0.9, 1e-12);
+    EXPECT_NEAR(extents.ymax, 0.9, 1e-12);
+
+    // A 4 mm slot turned upright through the centre pad reaches beyond it.
+    record.lines[13] = "PAD 9 3 N 1 90 4 0.5";
+    DecalExtents slotted;
+    TerminalExtents(ParseDecal(record), slotted);
+    EXPECT_NEAR(slotted.ymin, -1.5, 1e-12);
+    EXPECT_NEAR(slotted.ymax, 2.5, 1e-12);
+    EXPECT_NEAR(slotted.xmax, 1.4, 1e-12);
 }
 
 }  // namespace
