@@ -4,8 +4,11 @@
 #include <QPagedPaintDevice>
 #include <algorithm>
 #include <cmath>
+#include <string>
 
+#include "common/errors.h"
 #include "plot/decal_page.h"
+#include "shell/settings_numbers.h"
 
 namespace zantor {
 namespace {
@@ -49,6 +52,23 @@ PageGeometry PageGeometryOf(const PaperArea& paper, const PageMargins& margins) 
     page.usableWidth = paper.width - page.left - std::max(0.0, margins.right - paper.rightOffset);
     page.usableHeight = paper.height - std::max(0.0, margins.top - paper.topOffset) - page.bottom;
     return page;
+}
+
+void CheckPageRoom(const PageGeometry& page, const PlotSettings& settings) {
+    const auto refuse = [&](const char* first, double a, const char* second, double b,
+                            double sheet) {
+        throw RangeError("The margins leave no room on the paper: \"General/" + std::string(first) +
+                         "\" " + FormatSettingsReal(a) + " and \"General/" + second + "\" " +
+                         FormatSettingsReal(b) + " on a sheet of " + FormatSettingsReal(sheet) +
+                         " mm");
+    };
+    if (!(page.usableWidth >= kMinUsablePage)) {
+        refuse("LeftMargin", settings.LeftMargin, "RightMargin", settings.RightMargin,
+               page.pageWidth);
+    }
+    if (!(page.usableHeight >= kMinUsablePage)) {
+        refuse("TopMargin", settings.TopMargin, "BotMargin", settings.BotMargin, page.pageHeight);
+    }
 }
 
 double WholeScale(double fit, double maxScale) {

@@ -36,6 +36,12 @@ struct PageGeometry {
 // the footer line under the frame.
 PageGeometry PageGeometryOf(const PaperArea& paper, const PageMargins& margins);
 
+// Less than this much of the paper between the margins (millimetres) is no page to draw on.
+inline constexpr double kMinUsablePage = 20.0;
+
+// A RangeError naming the two margins of the side where `page` keeps less than kMinUsablePage.
+void CheckPageRoom(const PageGeometry& page, const PlotSettings& settings);
+
 // The whole-number scale of a decal that would just fit at `fit`: enlargements are cut to their
 // whole part and to `maxScale` (never below 1), reductions become 1 : n with a whole n that is
 // always larger than the exact fit needs.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "common/errors.h"
@@ -32,19 +33,28 @@ IndexLayout IndexLayoutOf(const PlotSettings& settings, double usableWidth, doub
         throw RangeError("Decals per column out of range: " +
                          std::to_string(settings.PartsEachColumn));
     }
-    IndexLayout layout;
-    layout.columns = settings.Columns;
-    layout.partsEachColumn = settings.PartsEachColumn;
-    layout.decalsPerPage = settings.Columns * settings.PartsEachColumn;
-    layout.commentBand = IndexCommentBand(settings);
-    layout.cellHeight = (usableHeight - layout.commentBand - kIndexStripHeight - kIndexCellMargin) /
-                        settings.PartsEachColumn;
-    layout.columnWidth = usableWidth / settings.Columns;
-    layout.cellWidth = (layout.columnWidth - 3 * kIndexCellMargin) * 0.66;
-    if (!(layout.cellHeight > 0) || !(layout.cellWidth > 0)) {
+    // A cell smaller than this holds neither a decal nor its name. Checked before Columns and
+    // PartsEachColumn are multiplied, so that no setting can overflow the product.
+    const double commentBand = IndexCommentBand(settings);
+    const double cellHeight = (usableHeight - commentBand - kIndexStripHeight - kIndexCellMargin) /
+                              settings.PartsEachColumn;
+    const double columnWidth = usableWidth / settings.Columns;
+    const double cellWidth = (columnWidth - 3 * kIndexCellMargin) * 0.66;
+    const long long decalsPerPage =
+        static_cast<long long>(settings.Columns) * static_cast<long long>(settings.PartsEachColumn);
+    if (!(cellHeight >= kMinIndexCell) || !(cellWidth >= kMinIndexCell) ||
+        decalsPerPage > std::numeric_limits<int>::max()) {
         throw RangeError("The index page has no room for " + std::to_string(settings.Columns) +
                          " x " + std::to_string(settings.PartsEachColumn) + " decals");
     }
+    IndexLayout layout;
+    layout.columns = settings.Columns;
+    layout.partsEachColumn = settings.PartsEachColumn;
+    layout.decalsPerPage = static_cast<int>(decalsPerPage);
+    layout.commentBand = commentBand;
+    layout.cellHeight = cellHeight;
+    layout.columnWidth = columnWidth;
+    layout.cellWidth = cellWidth;
     const std::size_t perPage = static_cast<std::size_t>(layout.decalsPerPage);
     const std::size_t pages = selectedCount / perPage + (selectedCount % perPage != 0 ? 1 : 0);
     if (pages > static_cast<std::size_t>(kMaxIndexPages)) {

@@ -16,6 +16,8 @@ inline constexpr double kIndexCellMargin = 3.0;
 // A decal fills at most this part of its cell's width and height.
 inline constexpr double kIndexCellFill = 0.8;
 inline constexpr int kMaxIndexPages = 65535;
+// The smallest cell height and decal width an index page is laid out with, in millimetres.
+inline constexpr double kMinIndexCell = 2.0;
 
 // Where the pages of an index run are drawn: the drawing area of the page geometry, and the
 // left edge that even pages take instead when MirrorMargin binds them on the other side.
@@ -40,8 +42,8 @@ struct IndexLayout {
 };
 
 // The cells of `usableWidth` x `usableHeight` pages for `selectedCount` decals. A RangeError when
-// Columns or PartsEachColumn is below 1, when the cells get no room, or when the run would take
-// more than 65535 pages.
+// Columns or PartsEachColumn is below 1, when the cells get no room (less than kMinIndexCell), or
+// when the run would take more than 65535 pages.
 IndexLayout IndexLayoutOf(const PlotSettings& settings, double usableWidth, double usableHeight,
                           std::size_t selectedCount);
 

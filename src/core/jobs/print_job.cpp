@@ -82,6 +82,9 @@ void PrintJob::StartPrint(std::size_t selectedCount, bool pcbInput) {
     indexPageDone_ = false;
     attributeLines_ = ListedAttributeCount(context_.PlotSettings.PrintAttr, context_.AttributeList);
     indexRun_.reset();
+    if (surface_ != PlotSurface::ViewBox) {
+        CheckPageRoom(page_, context_.PlotSettings);
+    }
     if (context_.PlotKind == PlotKind::Index && surface_ != PlotSurface::ViewBox) {
         IndexRunInputs inputs;
         inputs.area = IndexPageAreaOf(paper_, context_.PlotSettings);

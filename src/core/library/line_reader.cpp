@@ -57,15 +57,20 @@ bool LineReader::ReadLine(std::string& line) {
         if (c == '\n') {
             break;
         }
+        if (c == '\r') {
+            // CRLF, or a CR alone as old Macintosh files end their lines.
+            if (buffer->sgetc() == '\n') {
+                buffer->sbumpc();
+                ++nextOffset_;
+            }
+            break;
+        }
         if (line.size() < kMaxLineLength) {
             line.push_back(static_cast<char>(c));
         }
     }
     if (!readAny) {
         return false;
-    }
-    if (!line.empty() && line.back() == '\r') {
-        line.pop_back();
     }
     lineStart_ = start;
     ++lineNumber_;

@@ -1,7 +1,8 @@
 #pragma once
 
-// Reads a text file one line at a time. Line ends may be CRLF or LF (PADS files come with both);
-// they are removed. Only the current line is held, so memory does not grow with the file.
+// Reads a text file one line at a time. Line ends may be CRLF, LF or a CR alone (PADS files come
+// with all three); they are removed. Only the current line is held, so memory does not grow with
+// the file.
 
 #include <cstddef>
 #include <filesystem>

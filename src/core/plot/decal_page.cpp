@@ -19,6 +19,8 @@ constexpr double kMillimetresPerMil = 0.0254;
 constexpr double kGridBottom = 100.0;
 // A grid finer than this many lines across the page is left out rather than drawn as a blot.
 constexpr double kMaxGridLines = 4000.0;
+// An origin this far from the page (1 km) is placed on the grid by its remainder.
+constexpr double kFarOrigin = 1e6;
 constexpr double kOriginMarkerWidth = 0.125;
 constexpr double kFormLineWidth = 0.25;
 constexpr double kListTextSize = 3.0;
@@ -50,24 +52,27 @@ std::vector<double> GridPositions(double origin, double step, double low, double
         (high - low) / step > kMaxGridLines) {
         return positions;
     }
-    // Start near the area when the origin lies outside it, so the loops stay short.
-    for (double k = std::max(0.0, std::floor((low - origin) / step));; k += 1) {
-        const double p = origin + k * step;
-        if (p >= high) {
-            break;
-        }
-        if (p > low) {
+    // Far off the page origin + k * step no longer moves by whole steps (k itself stops counting
+    // near 1e16); a line of the same grid then stands at the origin's remainder, which fmod
+    // gives exactly. Every k below is then small, and the loops run at most a few thousand times.
+    const bool far = std::abs(origin) > kFarOrigin;
+    const double anchor = far ? std::fmod(origin, step) : origin;
+    const double first = std::ceil((low - anchor) / step);
+    const double last = std::floor((high - anchor) / step);
+    // The first k of the upward run: the origin's own, or all of them (or none) when the origin
+    // lies below (or above) the area.
+    const double split = !far ? 0.0 : (origin < low ? first : last + 1);
+    const auto take = [&](double k) {
+        const double p = anchor + k * step;
+        if (p > low && p < high) {
             positions.push_back(p);
         }
+    };
+    for (double k = std::max(first, split); k <= last; k += 1) {
+        take(k);
     }
-    for (double k = std::max(1.0, std::floor((origin - high) / step));; k += 1) {
-        const double p = origin - k * step;
-        if (p <= low) {
-            break;
-        }
-        if (p < high) {
-            positions.push_back(p);
-        }
+    for (double k = std::min(last, split - 1); k >= first; k -= 1) {
+        take(k);
     }
     return positions;
 }

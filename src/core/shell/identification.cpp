@@ -30,11 +30,9 @@ std::string ReadFirstLine(const std::filesystem::path& fileName) {
     }
     std::string line;
     char c = 0;
-    while (line.size() < kMaxFirstLine && in.get(c) && c != '\n') {
+    // The line ends at LF, CRLF or a CR alone.
+    while (line.size() < kMaxFirstLine && in.get(c) && c != '\n' && c != '\r') {
         line.push_back(c);
-    }
-    if (!line.empty() && line.back() == '\r') {
-        line.pop_back();
     }
     return line;
 }

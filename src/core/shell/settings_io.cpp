@@ -38,23 +38,30 @@ double WithoutConversionNoise(double value) {
     return cleaned ? *cleaned : value;
 }
 
+// What the page drawing can work with: lengths on paper, the largest enlargement, the grid pitch
+// and the cells of an index page. Anything beyond is a mistyped or damaged value.
+constexpr NumberRange kPaperLength{0, 1000};
+constexpr NumberRange kMaxScaleRange{0, 1000, true};
+constexpr NumberRange kGridSizeRange{0, 1e6, true};
+constexpr NumberRange kIndexCountRange{1, 1000};
+
 void LoadGeneral(PlotSettings& s, const SettingsReader& general) {
     const PlotSettings d;
     s.Inputfile = general.Text("Inputfile", d.Inputfile, kFileNameCapacity);
     s.Fontfile = general.Text("Fontfile", d.Fontfile, kFileNameCapacity);
     s.Company = general.Text("Company", d.Company, kCompanyCapacity);
     s.CompanyFont = general.Text("CompanyFont", d.CompanyFont, kFontNameCapacity);
-    s.RightMargin = general.Real("RightMargin", d.RightMargin);
-    s.LeftMargin = general.Real("LeftMargin", d.LeftMargin);
-    s.TopMargin = general.Real("TopMargin", d.TopMargin);
-    s.BotMargin = general.Real("BotMargin", d.BotMargin);
+    s.RightMargin = general.Real("RightMargin", d.RightMargin, kPaperLength);
+    s.LeftMargin = general.Real("LeftMargin", d.LeftMargin, kPaperLength);
+    s.TopMargin = general.Real("TopMargin", d.TopMargin, kPaperLength);
+    s.BotMargin = general.Real("BotMargin", d.BotMargin, kPaperLength);
     s.MirrorMargin = general.Flag("MirrorMargin", d.MirrorMargin);
-    s.XBorder = general.Real("XBorder", d.XBorder);
-    s.YBorder = general.Real("YBorder", d.YBorder);
-    s.MaxPinCenterMark = general.Real("MaxPinCenterMark", d.MaxPinCenterMark);
-    s.MaxPin1Mark = general.Real("MaxPin1Mark", d.MaxPin1Mark);
-    s.MinPinnoSize = general.Real("MinPinnoSize", d.MinPinnoSize);
-    s.MinLineWidth = general.Real("MinLineWidth", d.MinLineWidth);
+    s.XBorder = general.Real("XBorder", d.XBorder, kPaperLength);
+    s.YBorder = general.Real("YBorder", d.YBorder, kPaperLength);
+    s.MaxPinCenterMark = general.Real("MaxPinCenterMark", d.MaxPinCenterMark, kPaperLength);
+    s.MaxPin1Mark = general.Real("MaxPin1Mark", d.MaxPin1Mark, kPaperLength);
+    s.MinPinnoSize = general.Real("MinPinnoSize", d.MinPinnoSize, kPaperLength);
+    s.MinLineWidth = general.Real("MinLineWidth", d.MinLineWidth, kPaperLength);
     s.SeperatePages = general.Flag("SeperatePages", d.SeperatePages);
 }
 
@@ -84,21 +91,21 @@ void LoadKind(PlotSettings& s, const SettingsReader& kind) {
     s.MarkPin1 = kind.Flag("MarkPin1", d.MarkPin1);
     s.View1_1 = kind.Flag("View1_1", d.View1_1);
     s.FormNo = kind.Text("FormNo", d.FormNo, kFormNoCapacity);
-    s.MaxScale = kind.Real("MaxScale", d.MaxScale);
-    s.OriginSize = kind.Real("OriginSize", d.OriginSize);
-    s.PartsEachColumn = kind.TextInteger("PartsEachColumn", d.PartsEachColumn);
+    s.MaxScale = kind.Real("MaxScale", d.MaxScale, kMaxScaleRange);
+    s.OriginSize = kind.Real("OriginSize", d.OriginSize, kPaperLength);
+    s.PartsEachColumn = kind.TextInteger("PartsEachColumn", d.PartsEachColumn, kIndexCountRange);
     // Read a second time, as always; the result is the same.
     s.FormNo = kind.Text("FormNo", d.FormNo, kFormNoCapacity);
     s.FormularFont = kind.Text("FormularFont", d.FormularFont, kFontNameCapacity);
     s.DecalAsFormNo = kind.Flag("DecalAsFormNo", d.DecalAsFormNo);
     s.GenComment = kind.Text("GenComment", d.GenComment, kGenCommentCapacity);
-    s.GenComSize = kind.Real("GenComSize", d.GenComSize);
+    s.GenComSize = kind.Real("GenComSize", d.GenComSize, kPaperLength);
     s.GenComAdjust = kind.Integer("GenComAdjust", d.GenComAdjust);
     s.HeightInfo = kind.Integer("HeightInfo", d.HeightInfo);
     LoadPenTable(s.PenTable, kind);
-    s.PinNoSize = kind.Real("PinNoSize", d.PinNoSize);
+    s.PinNoSize = kind.Real("PinNoSize", d.PinNoSize, kPaperLength);
     s.ScalePinNo = kind.Flag("ScalePinNo", d.ScalePinNo);
-    s.Columns = kind.Integer("Columns", d.Columns);
+    s.Columns = kind.Integer("Columns", d.Columns, kIndexCountRange);
     s.PrintSepLines = kind.Flag("PrintSepLines", d.PrintSepLines);
     s.PrintScale = kind.Flag("PrintScale", d.PrintScale);
     s.ShowDecal = kind.Flag("ShowDecal", d.ShowDecal);
@@ -110,8 +117,8 @@ void LoadKind(PlotSettings& s, const SettingsReader& kind) {
     s.GridLineStyle = kind.Integer("GridLineStyle", d.GridLineStyle);
     s.GridPosition = kind.Integer("GridPosition", d.GridPosition);
     s.GridUnit = kind.Integer("GridUnit", d.GridUnit);
-    s.GridSize = kind.Real("GridSize", d.GridSize);
-    s.GridLineWidth = kind.Real("GridLineWidth", d.GridLineWidth);
+    s.GridSize = kind.Real("GridSize", d.GridSize, kGridSizeRange);
+    s.GridLineWidth = kind.Real("GridLineWidth", d.GridLineWidth, kPaperLength);
     s.ShowGridSize = kind.Flag("ShowGridSize", d.ShowGridSize);
 }
 

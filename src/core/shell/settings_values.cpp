@@ -41,6 +41,34 @@ std::int32_t SettingsReader::TextInteger(std::string_view name, std::int32_t fal
                           store_.Location());
 }
 
+double SettingsReader::Real(std::string_view name, double fallback,
+                            const NumberRange& range) const {
+    return InRange(name, Real(name, fallback), range);
+}
+
+std::int32_t SettingsReader::Integer(std::string_view name, std::int32_t fallback,
+                                     const NumberRange& range) const {
+    return static_cast<std::int32_t>(InRange(name, Integer(name, fallback), range));
+}
+
+std::int32_t SettingsReader::TextInteger(std::string_view name, std::int32_t fallback,
+                                         const NumberRange& range) const {
+    return static_cast<std::int32_t>(InRange(name, TextInteger(name, fallback), range));
+}
+
+double SettingsReader::InRange(std::string_view name, double value,
+                               const NumberRange& range) const {
+    if (range.Holds(value)) {
+        return value;
+    }
+    const std::string limits = (range.aboveMin ? "above " : "from ") +
+                               FormatSettingsReal(range.min) + " up to " +
+                               FormatSettingsReal(range.max);
+    throw RangeError(SettingsValueMessage(section_, name, "is out of range (" + limits + ")",
+                                          Text(name, FormatSettingsReal(value))),
+                     store_.Location());
+}
+
 bool SettingsReader::Flag(std::string_view name, bool fallback) const {
     return store_.ReadBool(section_, name, fallback);
 }

@@ -14,6 +14,17 @@
 
 namespace zantor {
 
+// The values a number setting can take: from `min` (or, with `aboveMin`, anything above it) up to
+// `max`. A stored number outside them would make pages that cannot be drawn.
+struct NumberRange {
+    double min = 0;
+    double max = 0;
+    bool aboveMin = false;
+    bool Holds(double value) const {
+        return (aboveMin ? value > min : value >= min) && value <= max;
+    }
+};
+
 class SettingsReader {
   public:
     SettingsReader(const SettingsStore& store, std::string_view section)
@@ -27,11 +38,20 @@ class SettingsReader {
     std::int32_t Integer(std::string_view name, std::int32_t fallback) const;
     // An integer kept as text; a text that is not a whole number throws ConversionError.
     std::int32_t TextInteger(std::string_view name, std::int32_t fallback) const;
+    // The same, and a number outside `range` throws RangeError naming the setting and the range.
+    double Real(std::string_view name, double fallback, const NumberRange& range) const;
+    std::int32_t Integer(std::string_view name, std::int32_t fallback,
+                         const NumberRange& range) const;
+    std::int32_t TextInteger(std::string_view name, std::int32_t fallback,
+                             const NumberRange& range) const;
     bool Flag(std::string_view name, bool fallback) const;
     // The first character of the stored text; an empty text throws RangeError.
     char Letter(std::string_view name, char fallback) const;
 
   private:
+    // `value` when `range` holds it, else the RangeError.
+    double InRange(std::string_view name, double value, const NumberRange& range) const;
+
     const SettingsStore& store_;
     std::string section_;
 };

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+
 #include "common/errors.h"
 #include "plot/pieces.h"
 
@@ -36,6 +39,23 @@ TEST(IndexLayout, CellsColumnsPagesAndLayoutsThatCannotBeDrawn) {
     EXPECT_THROW(IndexLayoutOf(Grid(4, 0), 180, 270, 1), RangeError);
     EXPECT_THROW(IndexLayoutOf(Grid(4, 6), 180, 12, 1), RangeError);
     EXPECT_THROW(IndexLayoutOf(Grid(20, 6), 180, 270, 1), RangeError);
+}
+
+// Settings far beyond any page: the layout is refused with a message before any product of
+// them is formed, never cells of a millionth of a millimetre.
+TEST(IndexLayout, HugeGridsAreRefusedAsHavingNoRoom) {
+    for (const auto& [columns, parts] :
+         {std::pair{1, 1073741824}, std::pair{2147483647, 1}, std::pair{65536, 65536},
+          std::pair{2147483647, 2147483647}, std::pair{2, 200}}) {
+        try {
+            IndexLayoutOf(Grid(columns, parts), 180, 270, 10);
+            ADD_FAILURE() << columns << " x " << parts;
+        } catch (const RangeError& error) {
+            EXPECT_EQ(error.message(), "The index page has no room for " + std::to_string(columns) +
+                                           " x " + std::to_string(parts) + " decals")
+                << columns << " x " << parts;
+        }
+    }
 }
 
 TEST(IndexScale, FillsTheCellUnlessTheScaleIsPrinted) {

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "common/errors.h"
 #include "font/font_location.h"
 #include "jobs/screen_pages.h"
 #include "library/decal_reader.h"
@@ -213,6 +214,32 @@ TEST(PrintJobPages, NamesNotFoundPrintNothingAndLeaveNoEmptyPage) {
     EXPECT_EQ(command.Print(empty, {"NOSUCH", "NEITHER"}).printed, 0);
     EXPECT_TRUE(empty.WrittenFiles().empty());
     EXPECT_FALSE(std::filesystem::exists(none));
+}
+
+// Margins wider or higher than the paper leave nothing to draw on: the job stops before its
+// first page, naming the margins of the side that has no room, and no file is written.
+TEST(PrintJobPages, MarginsLargerThanThePaperEndTheJobBeforeItsFirstPage) {
+    test::TempDir dir;
+    for (const bool wide : {true, false}) {
+        Command command(SampleLibrary());
+        (wide ? command.context.PlotSettings.LeftMargin : command.context.PlotSettings.TopMargin) =
+            400;
+        const auto trace = dir.Path() / "margins.trace";
+        TraceTarget target(trace, PaperSize::A4, DocumentFiles::Single);
+        try {
+            command.Print(target, {"DIP8"});
+            ADD_FAILURE() << "printed with a 400 mm margin";
+        } catch (const RangeError& error) {
+            EXPECT_NE(error.message().find(wide ? "\"General/LeftMargin\" 400 and "
+                                                  "\"General/RightMargin\" 6"
+                                                : "\"General/TopMargin\" 400 and "
+                                                  "\"General/BotMargin\" 6"),
+                      std::string::npos)
+                << error.message();
+        }
+        EXPECT_TRUE(target.WrittenFiles().empty());
+        EXPECT_FALSE(std::filesystem::exists(trace));
+    }
 }
 
 TEST(PrintJobPages, SeperatePagesMakesEveryDecalADocumentOfItsOwn) {

@@ -96,6 +96,15 @@ TEST(LibraryCatalogue, ListsDecalsInFileOrderAllSelected) {
         EXPECT_EQ(listing.catalogue.statusText, "Decals in file:     3");
         EXPECT_TRUE(listing.messages.Entries().empty());
     }
+    // The same library with a CR alone after every line, as old Macintosh files have it.
+    std::string text = "*PADS-LIBRARY-PCB-DECALS-V4*\n\n" + V4Decal("SO8", 8) + "\n" +
+                       V4Decal("DIP8", 8) + "\n" + V4Decal("R0603", 2) + "\n*END*\n";
+    std::replace(text.begin(), text.end(), '\n', '\r');
+    const auto mac = dir.WriteFile("mac.d", text);
+    EXPECT_TRUE(IsDecalFile(mac));
+    Listing listing = List(mac);
+    EXPECT_EQ(listing.EntryNames(), (Names{"SO8", "DIP8", "R0603"}));
+    EXPECT_EQ(listing.catalogue.statusText, "Decals in file:     3");
 }
 
 TEST(LibraryCatalogue, ItemFraming) {

@@ -179,6 +179,29 @@ TEST(DrawGrid, OptionsAndPensLeaveThingsOut) {
     }
 }
 
+// A decal far from its origin puts the origin far off the page; the grid must still come out
+// (a line where a step lands inside the area) and in bounded time, whichever side it lies on.
+TEST(DrawGrid, OriginFarOffThePageEndsWithTheLinesThatFallInside) {
+    for (const double far : {1e17, -1e17, 3e15, -3e15, 1e300}) {
+        for (const bool horizontal : {true, false}) {
+            PageBench bench;
+            bench.settings.GridSize = 5;
+            bench.settings.GridUnit = 0;
+            bench.frame.Scale = 1;
+            (horizontal ? bench.frame.OriginY1 : bench.frame.OriginX1) = far;
+            DrawGrid(bench.frame, kWidth, kHeight, 0);
+            // Rows from 110 to 250 mm, columns from 10 to 180 mm at most, one per 5 mm: where
+            // the far origin's multiples land depends on rounding, the count must not.
+            const std::vector<int> lines = GridLines(bench.canvas, horizontal);
+            EXPECT_LE(lines.size(), horizontal ? 29u : 35u) << far;
+            for (const int at : lines) {
+                EXPECT_GT(at, horizontal ? 11000 : 1000) << far;
+                EXPECT_LT(at, horizontal ? 25000 : 18000) << far;
+            }
+        }
+    }
+}
+
 TEST(DecalPage, OriginMarkerIsACircleWithACrossOfOriginSizeOnPaperWhenAskedFor) {
     PageBench bench;
     bench.settings.OriginSize = 6;

@@ -1,5 +1,6 @@
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/errors.h"
@@ -152,6 +153,53 @@ TEST_F(SettingsIo, AnEmptyLetterOrBadTextNumberIsARangeOrConversionError) {
     EXPECT_THROW(LoadSettings(settings, PlotKind::Index, MainOnDisk()), ConversionError);
     EXPECT_EQ(settings.OriginSize, 5);
     EXPECT_EQ(settings.FormularFont, "DejaVu Sans 1");
+}
+
+// Numbers that no page can be drawn with end the load like a text that is not a number, with
+// the setting and its section named; the values at the ends of each range load.
+TEST_F(SettingsIo, NumbersOutOfTheirRangeStopTheLoadNamingTheSetting) {
+    const std::vector<std::pair<std::string, std::string>> refused = {
+        {"Decalplot/MaxScale", "-5"},
+        {"Decalplot/MaxScale", "0"},
+        {"General/LeftMargin", "-1"},
+        {"General/TopMargin", "1e9"},
+        {"General/XBorder", "-0.5"},
+        {"Decalplot/GridSize", "-100"},
+        {"Decalplot/GridSize", "0"},
+        {"Decalplot/GridLineWidth", "-1"},
+        {"Decalplot/OriginSize", "-6"},
+        {"Decalplot/PinNoSize", "1e300"},
+        {"Decalplot/Columns", "0"},
+        {"Decalplot/Columns", "2147483647"},
+        {"Decalplot/PartsEachColumn", "1073741824"},
+        {"Decalplot/PartsEachColumn", "-3"},
+        {"General/MinLineWidth", "-0.1"},
+    };
+    for (const auto& [key, text] : refused) {
+        const std::string section = key.substr(0, key.find('/'));
+        const std::string name = key.substr(key.find('/') + 1);
+        config_.WriteFile("Brovik/Zantor.conf",
+                          "[" + std::string(section == "General" ? "%General" : section) + "]\n" +
+                              name + "=" + text + "\n");
+        PlotSettings settings;
+        try {
+            LoadSettings(settings, PlotKind::Decal, MainOnDisk());
+            ADD_FAILURE() << key << "=" << text << " loaded";
+        } catch (const RangeError& error) {
+            EXPECT_TRUE(
+                error.message().starts_with("Settings value \"" + key + "\" is out of range"))
+                << error.message();
+            EXPECT_TRUE(error.message().ends_with(": \"" + text + "\"")) << error.message();
+        }
+    }
+    config_.WriteFile("Brovik/Zantor.conf",
+                      "[%General]\nLeftMargin=0\nMinLineWidth=0\n[Decalplot]\nMaxScale=1000\n"
+                      "GridSize=0.001\nColumns=1\nPartsEachColumn=1000\nOriginSize=0\n");
+    PlotSettings settings;
+    LoadSettings(settings, PlotKind::Decal, MainOnDisk());
+    EXPECT_EQ(settings.MaxScale, 1000);
+    EXPECT_EQ(settings.GridSize, 0.001);
+    EXPECT_EQ(settings.PartsEachColumn, 1000);
 }
 
 TEST_F(SettingsIo, TextsLongerThanTheirFieldsAreCut) {
