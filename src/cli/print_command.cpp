@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "cli/command_line.h"
+#include "cli/output_guard.h"
 #include "cli/stream_messages.h"
 #include "cli/terminal.h"
 #include "common/errors.h"
@@ -294,6 +295,15 @@ int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) 
     // pages are not.
     output.separateDocuments =
         context.PlotSettings.SeperatePages && request.kind != PlotKind::Index;
+    if (!output.file.empty()) {
+        const std::optional<OutputKind> kind = FileOutputKind(output.file);
+        const bool numbered =
+            output.separateDocuments || kind == OutputKind::Svg || kind == OutputKind::Png;
+        if (OutputWouldReplaceInput(request.file, output.file, numbered)) {
+            messages.ShowError("The output would overwrite the input file " + request.file);
+            return kExitFailure;
+        }
+    }
     const std::unique_ptr<PageOutput> target = MakePageOutput(output);
 
     std::optional<TerminalProgress> progress;

@@ -1,6 +1,7 @@
 #include "output/file_output.h"
 
 #include <cmath>
+#include <system_error>
 
 namespace zantor {
 namespace {
@@ -35,6 +36,21 @@ QPageSize PageSizeOf(PaperSize paper) {
             return QPageSize(QPageSize::Legal);
     }
     return QPageSize(QPageSize::A4);
+}
+
+void RemoveLaterNumberedFiles(const std::filesystem::path& path, int from) noexcept {
+    try {
+        for (int n = from; n > 0; ++n) {
+            std::error_code error;
+            const std::filesystem::path numbered = NumberedPath(path, n);
+            if (!std::filesystem::is_regular_file(numbered, error)) {
+                return;
+            }
+            std::filesystem::remove(numbered, error);
+        }
+    } catch (...) {
+        // Out of memory: the job's own files are in place; older ones stay.
+    }
 }
 
 QString PathText(const std::filesystem::path& path) {

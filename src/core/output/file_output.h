@@ -23,6 +23,11 @@ PageMetrics FilePageMetrics(PaperSize paper, int dotsPerInch);
 
 QPageSize PageSizeOf(PaperSize paper);
 
+// Removes NumberedPath(path, from), NumberedPath(path, from + 1), ... up to the first that does
+// not exist: the pages or documents of an earlier, longer job of the same name, which would
+// otherwise pass for the new job's. A file that cannot be removed is left.
+void RemoveLaterNumberedFiles(const std::filesystem::path& path, int from) noexcept;
+
 // `path` as a QString, whatever the platform's path encoding.
 QString PathText(const std::filesystem::path& path);
 

@@ -46,11 +46,13 @@ void PageFileTarget::StartPage() {
 
 std::vector<std::filesystem::path> PageFileTarget::FinishDocument() {
     ClosePage();
-    return pending_.Commit();
+    std::vector<std::filesystem::path> files = pending_.Commit();
+    RemoveLaterNumberedFiles(path_, JobPages() + 1);
+    return files;
 }
 
 void PageFileTarget::DropDocument() noexcept {
-    page_.End();
+    page_.Abandon();
     ReleaseDevice();
     pending_.Discard();
 }
@@ -89,13 +91,32 @@ SvgTarget::~SvgTarget() {
 QPaintDevice& SvgTarget::OpenDevice(const std::filesystem::path& temporary,
                                     const PageMetrics& metrics) {
     const QSize size(metrics.physicalWidth, metrics.physicalHeight);
+    file_ = std::make_unique<CheckedFile>(temporary);
+    if (!file_->OpenForWriting()) {
+        throw IoError("Cannot write the file: " + file_->errorString().toStdString(),
+                      CurrentFile().string());
+    }
     generator_ = std::make_unique<QSvgGenerator>();
-    generator_->setFileName(PathText(temporary));
+    generator_->setOutputDevice(file_.get());
     generator_->setTitle(QString::fromLatin1(kDocumentTitle));
     generator_->setResolution(kResolution);
     generator_->setSize(size);
     generator_->setViewBox(QRect(QPoint(0, 0), size));
     return *generator_;
+}
+
+}  // namespace zantor
+
+namespace zantor {
+
+bool SvgTarget::CloseDevice(const std::filesystem::path& /*temporary*/) {
+    generator_.reset();
+    return file_->Finish();
+}
+
+void SvgTarget::ReleaseDevice() noexcept {
+    generator_.reset();
+    file_.reset();
 }
 
 }  // namespace zantor

@@ -11,6 +11,7 @@
 #include <memory>
 #include <vector>
 
+#include "output/checked_file.h"
 #include "output/file_output.h"
 #include "output/page_output.h"
 #include "output/painter_page.h"
@@ -82,11 +83,13 @@ class SvgTarget final : public PageFileTarget {
   protected:
     QPaintDevice& OpenDevice(const std::filesystem::path& temporary,
                              const PageMetrics& metrics) override;
-    // The generator writes its file when painting ends.
-    bool CloseDevice(const std::filesystem::path& /*temporary*/) override { return true; }
-    void ReleaseDevice() noexcept override { generator_.reset(); }
+    // The generator writes its file when painting ends; whether it all arrived shows here.
+    bool CloseDevice(const std::filesystem::path& temporary) override;
+    void ReleaseDevice() noexcept override;
 
   private:
+    // The generator writes into the file, so it goes first.
+    std::unique_ptr<CheckedFile> file_;
     std::unique_ptr<QSvgGenerator> generator_;
 };
 

@@ -1,6 +1,8 @@
 #include "output/page_output.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 namespace zantor {
 
@@ -47,12 +49,15 @@ void PageOutput::EndDocument() {
     SetSurface(nullptr);
     std::vector<std::filesystem::path> files;
     try {
+        // Room first: once the files are in place, listing them must not fail.
+        writtenFiles_.reserve(writtenFiles_.size() + static_cast<std::size_t>(documentPages_));
         files = FinishDocument();
     } catch (...) {
         DropDocument();
         throw;
     }
-    writtenFiles_.insert(writtenFiles_.end(), files.begin(), files.end());
+    writtenFiles_.insert(writtenFiles_.end(), std::make_move_iterator(files.begin()),
+                         std::make_move_iterator(files.end()));
 }
 
 void PageOutput::Abort() {

@@ -5,6 +5,7 @@
 
 #include <QPaintDevice>
 #include <QPainter>
+#include <memory>
 #include <optional>
 
 #include "plot/qpainter_canvas.h"
@@ -14,7 +15,7 @@ namespace zantor {
 class PainterPage {
   public:
     PainterPage() = default;
-    ~PainterPage() { End(); }
+    ~PainterPage() { Abandon(); }
     PainterPage(const PainterPage&) = delete;
     PainterPage& operator=(const PainterPage&) = delete;
 
@@ -23,15 +24,19 @@ class PainterPage {
     // A fresh canvas for the next page of a device that pages by itself (printer, PDF), so that
     // no drawing state crosses from one page to the next.
     void RenewCanvas();
-    // Ends painting; false when the device reports a failure.
+    // Ends painting; false when the device reports a failure. When ending throws (out of
+    // memory), the painter is given up and the error passed on.
     bool End();
+    // Ends painting of a page that is being dropped, whatever happens on the way: an error of
+    // the device (out of memory, say) is swallowed, as nothing of the page is kept anyway.
+    void Abandon() noexcept;
 
-    bool Active() const { return painter_.has_value() && painter_->isActive(); }
-    QPainter* Painter() { return Active() ? &*painter_ : nullptr; }
+    bool Active() const { return painter_ && painter_->isActive(); }
+    QPainter* Painter() { return Active() ? painter_.get() : nullptr; }
     PlotCanvas* Canvas() { return canvas_ ? &*canvas_ : nullptr; }
 
   private:
-    std::optional<QPainter> painter_;
+    std::unique_ptr<QPainter> painter_;
     std::optional<QPainterCanvas> canvas_;
 };
 

@@ -23,7 +23,12 @@ void PdfTarget::StartDocument() {
     }
     current_ = files_ == DocumentFiles::Numbered ? NumberedPath(path_, DocumentNumber()) : path_;
     const std::filesystem::path temporary = pending_.Add(current_);
-    writer_ = std::make_unique<QPdfWriter>(PathText(temporary));
+    file_ = std::make_unique<CheckedFile>(temporary);
+    if (!file_->OpenForWriting()) {
+        throw IoError("Cannot write the file: " + file_->errorString().toStdString(),
+                      current_.string());
+    }
+    writer_ = std::make_unique<QPdfWriter>(file_.get());
     writer_->setTitle(QString::fromLatin1(kDocumentTitle));
     writer_->setCreator(QString::fromLatin1(kDocumentTitle));
     writer_->setResolution(kResolution);
@@ -45,17 +50,26 @@ void PdfTarget::StartPage() {
 
 std::vector<std::filesystem::path> PdfTarget::FinishDocument() {
     const bool ended = page_.End();
-    // The writer closes its file when it goes.
     writer_.reset();
-    if (!ended) {
-        throw IoError("Cannot write the file", current_.string());
+    // A full disk shows only here: the writer does not look at what its writes return.
+    const bool written = file_->Finish();
+    if (!ended || !written) {
+        throw IoError("Cannot write the file: " + file_->errorString().toStdString(),
+                      current_.string());
     }
-    return pending_.Commit();
+    file_.reset();
+    std::vector<std::filesystem::path> files = pending_.Commit();
+    if (files_ == DocumentFiles::Numbered) {
+        RemoveLaterNumberedFiles(path_, DocumentNumber() + 1);
+    }
+    return files;
 }
 
 void PdfTarget::DropDocument() noexcept {
-    page_.End();
+    // Out of memory, ending the painter can throw again; the temporary goes all the same.
+    page_.Abandon();
     writer_.reset();
+    file_.reset();
     pending_.Discard();
 }
 

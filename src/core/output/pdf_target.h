@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "output/checked_file.h"
 #include "output/file_output.h"
 #include "output/page_output.h"
 #include "output/painter_page.h"
@@ -37,6 +38,8 @@ class PdfTarget final : public PageOutput {
     DocumentFiles files_;
     std::filesystem::path current_;  // the final name of the open document
     PendingFiles pending_;
+    // The writer writes into the file, so it goes first.
+    std::unique_ptr<CheckedFile> file_;
     std::unique_ptr<QPdfWriter> writer_;
     PainterPage page_;
 };

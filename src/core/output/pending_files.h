@@ -2,7 +2,8 @@
 
 // Files of one document written under temporary names next to their final names and put in
 // place only when the whole document has been written, so that a job that fails or is aborted
-// never leaves a half-written file, least of all over one that was there before.
+// never leaves a half-written file, least of all over one that was there before. A run that is
+// interrupted by a signal removes them too (output/interrupt_cleanup.h).
 
 #include <filesystem>
 #include <random>
@@ -32,6 +33,7 @@ class PendingFiles {
     struct Entry {
         std::filesystem::path temporary;
         std::filesystem::path final;
+        int guard = -1;  // its slot in the clean-up of an interrupted run
     };
     std::vector<Entry> files_;
     std::mt19937_64 random_{std::random_device{}()};

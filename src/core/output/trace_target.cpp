@@ -51,7 +51,11 @@ std::vector<std::filesystem::path> TraceTarget::FinishDocument() {
     if (!out_) {
         throw IoError("Cannot write the file", current_.string());
     }
-    return pending_.Commit();
+    std::vector<std::filesystem::path> files = pending_.Commit();
+    if (files_ == DocumentFiles::Numbered) {
+        RemoveLaterNumberedFiles(path_, DocumentNumber() + 1);
+    }
+    return files;
 }
 
 void TraceTarget::DropDocument() noexcept {
