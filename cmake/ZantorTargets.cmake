@@ -17,6 +17,14 @@ if(ZANTOR_SANITIZE)
     target_link_options(zantor_warnings INTERFACE ${_zantor_san})
 endif()
 
+# The fuzz build instruments everything it compiles; the fuzz targets add libFuzzer's main.
+if(ZANTOR_FUZZ)
+    set(_zantor_fuzz -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+                     -fno-omit-frame-pointer)
+    target_compile_options(zantor_warnings INTERFACE ${_zantor_fuzz})
+    target_link_options(zantor_warnings INTERFACE -fsanitize=address,undefined)
+endif()
+
 # zantor_subsystem(NAME DIR [DEPS ...]): a static library of all sources in DIR.
 function(zantor_subsystem name dir)
     file(GLOB_RECURSE _sources CONFIGURE_DEPENDS ${dir}/*.cpp)

@@ -5,6 +5,7 @@
 # the benchmark would need.
 set -euo pipefail
 
+# clang-14 and its runtime libraries build the fuzz targets that CI runs (scripts/fuzz.sh).
 required=(
     cmake g++ make
     qt6-base-dev qt6-svg-dev libgl-dev
@@ -13,6 +14,7 @@ required=(
     hershey-fonts-data
     poppler-utils
     desktop-file-utils appstream man-db
+    clang-14 libclang-rt-14-dev
 )
 # The system printer tests (a CUPS queue backed by cups-pdf), the benchmark, and the desktop
 # program in an X server for scripts/screenshots.sh.

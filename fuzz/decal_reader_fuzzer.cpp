@@ -1,0 +1,55 @@
+// The decal record reader: every record of the file in turn, each framed, located and read
+// into its pad stacks, attributes and extents; then a search by name from the start and from
+// the one-pass index, as the print job goes to the decals of a PCB file.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "common/errors.h"
+#include "fuzz_input.h"
+#include "library/decal_reader.h"
+#include "library/pad_stacks.h"
+#include "plot/decal_attributes.h"
+#include "plot/pieces.h"
+#include "plot/terminals.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace zantor;
+    const auto file = fuzz::WriteInput(data, size);
+    std::vector<std::string> names;
+    try {
+        DecalReader reader(file);
+        DecalRecord record;
+        for (int n = 0; n < 64 && reader.NextRecord(record); ++n) {
+            names.push_back(record.name);
+            (void)ReadPadStacks(record);
+            (void)ReadDecalAttributes(record);
+            DecalExtents extents;
+            PieceExtents(record, extents);
+            TerminalExtents(record, extents);
+        }
+    } catch (const Error&) {
+    }
+    names.push_back("NOSUCH");
+    try {
+        DecalReader reader(file);
+        for (const std::string& name : names) {
+            if (reader.FindDecalFromStart(name)) {
+                DecalRecord record;
+                reader.ReadRecord(record);
+            }
+        }
+        reader.RestartAtDecals();
+        const DecalPositions positions = reader.LocateDecals(names);
+        for (const auto& [name, position] : positions) {
+            if (reader.FindDecalAt(position)) {
+                DecalRecord record;
+                reader.ReadRecord(record);
+            }
+        }
+    } catch (const Error&) {
+    }
+    return 0;
+}
