@@ -1,6 +1,7 @@
-// The decal record reader: every record of the file in turn, each framed, located and read
-// into its pad stacks, attributes and extents; then a search by name from the start and from
-// the one-pass index, as the print job goes to the decals of a PCB file.
+// The decal record reader and model: every record of the file in turn, framed, located and
+// parsed once into the typed decal, which is measured as the pages measure it; then a search by
+// name from the start and from the one-pass index, as the print job goes to the decals of a PCB
+// file.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,11 +10,9 @@
 
 #include "common/errors.h"
 #include "fuzz_input.h"
+#include "library/decal.h"
 #include "library/decal_reader.h"
-#include "library/pad_stacks.h"
-#include "plot/decal_attributes.h"
-#include "plot/pieces.h"
-#include "plot/terminals.h"
+#include "plot/decal_body.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace zantor;
@@ -24,11 +23,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         DecalRecord record;
         for (int n = 0; n < 64 && reader.NextRecord(record); ++n) {
             names.push_back(record.name);
-            (void)ReadPadStacks(record);
-            (void)ReadDecalAttributes(record);
-            DecalExtents extents;
-            PieceExtents(record, extents);
-            TerminalExtents(record, extents);
+            try {
+                const Decal decal = ParseDecal(record);
+                (void)ExtentsOf(decal);
+                (void)LibraryUnitsOf(decal);
+                (void)AttributeValue(decal.attributes, "Geometry.Height");
+            } catch (const Error&) {
+                // A record the model refuses; the next one is read all the same.
+            }
         }
     } catch (const Error&) {
     }

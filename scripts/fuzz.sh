@@ -61,6 +61,7 @@ status=0
 for target in "${targets[@]}"; do
     case $target in
         catalogue_fuzzer) prefix='\0\0\0\0' ;;
+        attribute_scan_fuzzer) prefix='\0' ;;
         decal_page_fuzzer) prefix='\1\0\0\144\1\1\1\1\1\0\12' ;;
         *) prefix='' ;;
     esac
