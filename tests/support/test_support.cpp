@@ -27,8 +27,8 @@ TempDir::TempDir() {
     std::random_device device;
     std::mt19937_64 generator(device());
     for (int attempt = 0; attempt < 100; ++attempt) {
-        auto candidate = std::filesystem::temp_directory_path() /
-                         ("zantor-test-" + std::to_string(generator()));
+        auto candidate =
+            std::filesystem::temp_directory_path() / ("zantor-test-" + std::to_string(generator()));
         if (std::filesystem::create_directory(candidate)) {
             path_ = candidate;
             return;

@@ -14,7 +14,7 @@ std::filesystem::path SourceDir();
 
 // A fresh temporary folder, removed with the object.
 class TempDir {
-public:
+  public:
     TempDir();
     ~TempDir();
     TempDir(const TempDir&) = delete;
@@ -24,7 +24,7 @@ public:
     // Writes `content` as bytes (no line-end translation) into a file of the folder.
     std::filesystem::path WriteFile(const std::string& name, const std::string& content) const;
 
-private:
+  private:
     std::filesystem::path path_;
 };
 

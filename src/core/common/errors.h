@@ -10,7 +10,7 @@
 namespace zantor {
 
 class Error : public std::runtime_error {
-public:
+  public:
     // `message` is the text a person reads; `file` and `line` say where, when known (line 0 =
     // unknown). what() returns the message with the file and line put in front.
     explicit Error(const std::string& message, std::string file = {}, long line = 0);
@@ -19,7 +19,7 @@ public:
     const std::string& file() const { return file_; }
     long line() const { return line_; }
 
-private:
+  private:
     std::string message_;
     std::string file_;
     long line_;
@@ -27,25 +27,25 @@ private:
 
 // An index or value outside its bounds (font data past its block, a count past its slots).
 class RangeError : public Error {
-public:
+  public:
     using Error::Error;
 };
 
 // A text that should be a number (or a letter) and is not.
 class ConversionError : public Error {
-public:
+  public:
     using Error::Error;
 };
 
 // A file that cannot be opened, read or written.
 class IoError : public Error {
-public:
+  public:
     using Error::Error;
 };
 
 // A file whose structure is not what its kind promises.
 class FormatError : public Error {
-public:
+  public:
     using Error::Error;
 };
 

@@ -10,7 +10,7 @@
 namespace zantor {
 
 class StrokeSink {
-public:
+  public:
     virtual ~StrokeSink() = default;
     virtual void MoveTo(double x, double y) = 0;
     virtual void LineTo(double x, double y) = 0;

@@ -164,8 +164,8 @@ void DrawIndexCell(PlotFrame& frame, const IndexCellInputs& inputs) {
         const double decalLeft = std::min(place.decalLeft, place.column * place.columnWidth);
         const TextField field{columnLeft + kRuleGap, decalLeft - kRuleGap};
         const double nameBase = centre - nameSize / 2 + (settings.PrintScale ? 3 / columns : 0);
-        PageTextInField(frame, inputs.decal.name, nameSize, nameBase, anchor,
-                        settings.FormularFont, TextAlign::Centre, field);
+        PageTextInField(frame, inputs.decal.name, nameSize, nameBase, anchor, settings.FormularFont,
+                        TextAlign::Centre, field);
         if (settings.PrintScale) {
             PageTextInField(frame, IndexScaleText(frame.Scale), 5 / columns,
                             centre - nameSize / 2 - 3 / columns, anchor, settings.FormularFont,
