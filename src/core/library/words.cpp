@@ -45,14 +45,6 @@ std::string TakeWord(std::string& line, char separator) {
     return word;
 }
 
-std::size_t WordCount(std::string_view line) {
-    std::size_t count = 0;
-    while (!TakeWord(line).empty()) {
-        ++count;
-    }
-    return count;
-}
-
 long long WholeNumber(std::string_view word, const TextPlace& place) {
     word = WithoutPlus(TrimBlanks(word));
     if (word.empty()) {

@@ -25,9 +25,6 @@ struct TextPlace {
 std::string_view TakeWord(std::string_view& line, char separator = ' ');
 std::string TakeWord(std::string& line, char separator = ' ');
 
-// The number of blank-separated words of a line.
-std::size_t WordCount(std::string_view line);
-
 // The whole number of a word: 0 for an empty word. A word that is not a whole number in decimal
 // (an optional sign, then digits only) is a ConversionError, one outside the 64-bit range a
 // RangeError.

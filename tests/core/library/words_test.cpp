@@ -28,8 +28,6 @@ TEST(TakeWord, SkipsLeadingBlanksAndRemovesWordAndOneBlank) {
     EXPECT_EQ(TakeWord(list, ':'), "");
     EXPECT_EQ(TakeWord(list, ':'), " X");
     EXPECT_TRUE(list.empty());
-    EXPECT_EQ(WordCount("   "), 0u);
-    EXPECT_EQ(WordCount("  T-150   150 "), 2u);
 }
 
 TEST(WholeNumber, ConvertsDecimalWholeNumbersOnly) {
