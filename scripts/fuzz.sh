@@ -57,6 +57,9 @@ make_seeds() {
     done < <(seed_files)
 }
 
+# Leaks that Qt's system libraries (fontconfig) keep until the process ends are not ours.
+export LSAN_OPTIONS=${LSAN_OPTIONS:-suppressions=$PWD/scripts/lsan.supp:print_suppressions=0}
+
 status=0
 for target in "${targets[@]}"; do
     case $target in
