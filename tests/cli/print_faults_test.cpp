@@ -124,7 +124,7 @@ bool HasTemporary(const std::filesystem::path& folder) {
 }
 
 TEST_F(PrintFaults, ASignalInTheMiddleLeavesTheOldOutputAndNoTemporary) {
-    const auto library = out_.WriteFile("long.d", LongLibrary(300));
+    const auto library = out_.WriteFile("long.d", LongLibrary(3000));
     for (const auto& [signalNumber, name] :
          {std::pair{SIGINT, "stopped.pdf"}, std::pair{SIGTERM, "stopped.svg"},
           std::pair{SIGHUP, "stopped.trace"}}) {
@@ -144,7 +144,7 @@ TEST_F(PrintFaults, ASignalInTheMiddleLeavesTheOldOutputAndNoTemporary) {
         while (!HasTemporary(out_.Path()) && std::chrono::steady_clock::now() < deadline) {
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
         const bool running = waitpid(pid, nullptr, WNOHANG) == 0;
         ASSERT_TRUE(running) << name << ": the print ended before the signal";
         kill(pid, signalNumber);
