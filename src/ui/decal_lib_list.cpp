@@ -9,20 +9,10 @@
 #include <exception>
 
 #include "ui/help.h"
+#include "ui/named_widget.h"
 #include "ui/setup_rules.h"
 
 namespace zantor {
-namespace {
-
-QPushButton* Button(const QString& caption, const char* name, const char* hint) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(hint);
-    return button;
-}
-
-}  // namespace
-
 TDecalLibList::TDecalLibList(PlotContext& context, DialogServices& dialogs, UserMessages& messages,
                              QWidget* parent)
     : QDialog(parent), context_(context), dialogs_(dialogs), messages_(messages) {
@@ -30,15 +20,15 @@ TDecalLibList::TDecalLibList(PlotContext& context, DialogServices& dialogs, User
     setWindowTitle("Decals library list");
     LibList = new QListWidget;
     LibList->setObjectName("LibList");
-    btnLibUp = Button("", "btnLibUp", "Move up library");
+    btnLibUp = NamedButton("", "btnLibUp", "Move up library");
     btnLibUp->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
-    btnLibDown = Button("", "btnLibDown", "Move down library");
+    btnLibDown = NamedButton("", "btnLibDown", "Move down library");
     btnLibDown->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
-    btnDelLib = Button("&Delete", "btnDelLib", "Remove library from list.");
-    btnAddLib = Button("&Add", "btnAddLib", "Add library to list.");
-    auto* ok = Button("&OK", "btnOK", "Accept new settings.");
-    auto* cancel = Button("&Cancel", "btnCancel", "Leave and discard changes.");
-    auto* help = Button("&Help", "btnHelp", "");
+    btnDelLib = NamedButton("&Delete", "btnDelLib", "Remove library from list.");
+    btnAddLib = NamedButton("&Add", "btnAddLib", "Add library to list.");
+    auto* ok = NamedButton("&OK", "btnOK", "Accept new settings.");
+    auto* cancel = NamedButton("&Cancel", "btnCancel", "Leave and discard changes.");
+    auto* help = NamedButton("&Help", "btnHelp", "");
     connect(help, &QPushButton::clicked, this, [this] { ShowHelp(this, kHelpDecalLibList); });
     ok->setDefault(true);
 

@@ -27,6 +27,7 @@
 #include "ui/choice_group.h"
 #include "ui/colour_cells.h"
 #include "ui/decal_lib_list.h"
+#include "ui/named_widget.h"
 #include "ui/numeric_edit.h"
 #include "ui/setup_rules.h"
 
@@ -36,15 +37,6 @@ namespace {
 constexpr const char* kItemCaptions[kColourRows] = {"Pads",      "Copper",   "Outline", "Text",
                                                     "Cutout",    "Keepout",  "Pin-no.", "Origin",
                                                     "Form-text", "Form-line"};
-
-template <typename W>
-W* Named(W* widget, const char* name, const char* hint = nullptr) {
-    widget->setObjectName(name);
-    if (hint != nullptr) {
-        widget->setToolTip(hint);
-    }
-    return widget;
-}
 
 QCheckBox* Check(const char* name, const char* caption) {
     return Named(new QCheckBox(caption), name);

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/named_widget.h"
 #include "ui/numeric_edit.h"
 #include "ui/setup_rules.h"
 
@@ -25,13 +26,6 @@ NumericEdit* AddLimit(QGridLayout* grid, int row, const char* name, const char* 
     grid->addWidget(edit, row, 1);
     grid->addWidget(new QLabel("mm"), row, 2);
     return edit;
-}
-
-QPushButton* Button(const char* caption, const char* name, const char* hint) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(hint);
-    return button;
 }
 
 QString Text(const std::string& text) {
@@ -70,9 +64,9 @@ TOptionsSetup::TOptionsSetup(PlotContext& context, UserMessages& messages, QWidg
     MinLineWidth = AddLimit(grid, 5, "MinLineWidth", "Min. line width", "Thinnest line printed");
     grid->setColumnStretch(3, 1);
 
-    auto* ok = Button("&OK", "OKButton", "Accept new settings");
-    auto* cancel = Button("&Cancel", "CancelButton", "Drop new settings");
-    auto* help = Button("Help", "HelpButton", "(not implemented)");
+    auto* ok = NamedButton("&OK", "OKButton", "Accept new settings");
+    auto* cancel = NamedButton("&Cancel", "CancelButton", "Drop new settings");
+    auto* help = NamedButton("Help", "HelpButton", "(not implemented)");
     help->setEnabled(false);
     ok->setDefault(true);
     auto* buttons = new QHBoxLayout;

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/named_widget.h"
 #include "ui/numeric_edit.h"
 #include "ui/setup_rules.h"
 
@@ -24,13 +25,6 @@ NumericEdit* AddSize(QGridLayout* grid, int row, const char* name, const char* c
     grid->addWidget(edit, row, 1);
     grid->addWidget(new QLabel("mm"), row, 2);
     return edit;
-}
-
-QPushButton* Button(const char* caption, const char* name, const char* hint) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setToolTip(hint);
-    return button;
 }
 
 }  // namespace
@@ -62,9 +56,9 @@ TPaperSetup::TPaperSetup(PlotContext& context, UserMessages& messages, QWidget* 
     decalGrid->addWidget(SeperatePages, 2, 0, 1, 3);
     decalGrid->setRowStretch(3, 1);
 
-    auto* ok = Button("&OK", "OKButton", "Accept new setttings.");
-    auto* cancel = Button("&Cancel", "CancelButton", "Drop new settings");
-    auto* help = Button("&Help", "HelpButton", "(not implemented)");
+    auto* ok = NamedButton("&OK", "OKButton", "Accept new setttings.");
+    auto* cancel = NamedButton("&Cancel", "CancelButton", "Drop new settings");
+    auto* help = NamedButton("&Help", "HelpButton", "(not implemented)");
     help->setEnabled(false);
     ok->setDefault(true);
     auto* buttons = new QHBoxLayout;
