@@ -392,22 +392,12 @@ QWidget* TDecalSetup::BuildGridPage() {
 }
 
 void TDecalSetup::BuildButtons(QVBoxLayout* layout) {
-    auto* ok = Named(new QPushButton("&OK"), "OKButton", "Accept new settings");
-    auto* cancel = Named(new QPushButton("&Cancel"), "CancelButton", "Drop new settings");
-    auto* help = Named(new QPushButton("&Help"), "HelpButton", "(not implemented)");
-    auto* libList = Named(new QPushButton("&Lib. List..."), "btnLibList",
-                          "Decal-libraries used for parttypes.");
-    ok->setDefault(true);
-    help->setEnabled(false);
+    auto* libList =
+        NamedButton("&Lib. List...", "btnLibList", "Decal-libraries used for parttypes.");
     auto* row = new QHBoxLayout;
     row->addWidget(libList);
-    row->addStretch();
-    row->addWidget(ok);
-    row->addWidget(cancel);
-    row->addWidget(help);
+    AddSetupButtons(this, row, "Accept new settings", "&Help");
     layout->addLayout(row);
-    connect(ok, &QPushButton::clicked, this, &TDecalSetup::accept);
-    connect(cancel, &QPushButton::clicked, this, &TDecalSetup::reject);
     connect(libList, &QPushButton::clicked, this, &TDecalSetup::btnLibListClick);
 }
 

@@ -64,24 +64,14 @@ TOptionsSetup::TOptionsSetup(PlotContext& context, UserMessages& messages, QWidg
     MinLineWidth = AddLimit(grid, 5, "MinLineWidth", "Min. line width", "Thinnest line printed");
     grid->setColumnStretch(3, 1);
 
-    auto* ok = NamedButton("&OK", "OKButton", "Accept new settings");
-    auto* cancel = NamedButton("&Cancel", "CancelButton", "Drop new settings");
-    auto* help = NamedButton("Help", "HelpButton", "(not implemented)");
-    help->setEnabled(false);
-    ok->setDefault(true);
     auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    buttons->addWidget(help);
+    AddSetupButtons(this, buttons, "Accept new settings", "Help");
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(grid);
     layout->addLayout(buttons);
 
     CompanyFontChange(CompanyFont->currentText());
     connect(CompanyFont, &QComboBox::currentTextChanged, this, &TOptionsSetup::CompanyFontChange);
-    connect(ok, &QPushButton::clicked, this, &TOptionsSetup::accept);
-    connect(cancel, &QPushButton::clicked, this, &TOptionsSetup::reject);
 }
 
 void TOptionsSetup::showEvent(QShowEvent* event) {

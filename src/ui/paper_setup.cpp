@@ -56,16 +56,8 @@ TPaperSetup::TPaperSetup(PlotContext& context, UserMessages& messages, QWidget* 
     decalGrid->addWidget(SeperatePages, 2, 0, 1, 3);
     decalGrid->setRowStretch(3, 1);
 
-    auto* ok = NamedButton("&OK", "OKButton", "Accept new setttings.");
-    auto* cancel = NamedButton("&Cancel", "CancelButton", "Drop new settings");
-    auto* help = NamedButton("&Help", "HelpButton", "(not implemented)");
-    help->setEnabled(false);
-    ok->setDefault(true);
     auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(ok);
-    buttons->addWidget(cancel);
-    buttons->addWidget(help);
+    AddSetupButtons(this, buttons, "Accept new setttings.", "&Help");
 
     auto* groups = new QHBoxLayout;
     groups->addWidget(margins);
@@ -73,8 +65,6 @@ TPaperSetup::TPaperSetup(PlotContext& context, UserMessages& messages, QWidget* 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(groups);
     layout->addLayout(buttons);
-    connect(ok, &QPushButton::clicked, this, &TPaperSetup::accept);
-    connect(cancel, &QPushButton::clicked, this, &TPaperSetup::reject);
 }
 
 void TPaperSetup::showEvent(QShowEvent* event) {

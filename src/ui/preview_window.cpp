@@ -12,6 +12,7 @@
 
 #include "jobs/screen_pages.h"
 #include "ui/help.h"
+#include "ui/job_paint_box.h"
 
 namespace zantor {
 
@@ -26,47 +27,24 @@ int PreviewWidthForHeight(int height) {
     return static_cast<int>(width);
 }
 
-// The paint box: the job drawn on the screen each time the box is painted. A job that fails is
-// reported once and the box then shows the blank page.
-class PreviewPaintBox : public QWidget {
+// The paint box: the job drawn on the screen each time the box is painted; the window's title
+// names the page kind once it has been drawn.
+class PreviewPaintBox : public JobPaintBox {
   public:
     PreviewPaintBox(WindowServices& services, std::vector<std::string> selection, QDialog* window)
-        : QWidget(window), services_(services), selection_(std::move(selection)), window_(window) {
-        setObjectName(QStringLiteral("PrevWin"));
-        setAttribute(Qt::WA_OpaquePaintEvent);
-    }
+        : JobPaintBox(services, "PrevWin", window),
+          selection_(std::move(selection)),
+          window_(window) {}
 
   protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter painter(this);
-        const ScreenBox box{width(), height(), static_cast<double>(logicalDpiX()),
-                            static_cast<double>(logicalDpiY())};
-        if (failed_) {
-            painter.fillRect(rect(), Qt::white);
-            painter.setPen(Qt::black);
-            painter.drawRect(0, 0, box.width - 1, box.height - 1);
-            return;
-        }
-        try {
-            PaintPreview(painter, box, services_.context, selection_, services_.messages);
-            window_->setWindowTitle(
-                QString::fromLatin1(PreviewCaption(services_.context.PlotKind)));
-        } catch (const std::exception& error) {
-            failed_ = true;
-            // Not from inside a paint event: a message box would paint over it.
-            const std::string text = error.what();
-            QTimer::singleShot(0, this, [this, text] {
-                services_.messages.ShowError(text);
-                update();
-            });
-        }
+    void PaintJob(QPainter& painter, const ScreenBox& box) override {
+        PaintPreview(painter, box, Services().context, selection_, Services().messages);
+        window_->setWindowTitle(QString::fromLatin1(PreviewCaption(Services().context.PlotKind)));
     }
 
   private:
-    WindowServices& services_;
     std::vector<std::string> selection_;
     QDialog* window_;
-    bool failed_ = false;
 };
 
 TPreviewWin::TPreviewWin(WindowServices& services, std::vector<std::string> selection,

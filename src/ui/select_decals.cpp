@@ -21,6 +21,7 @@
 #include "shell/settings_store.h"
 #include "ui/busy_cursor.h"
 #include "ui/help.h"
+#include "ui/job_paint_box.h"
 #include "ui/name_export.h"
 #include "ui/preview_window.h"
 
@@ -29,47 +30,19 @@ namespace zantor {
 // The view box: the one selected decal fitted into the box through the page drawing of the print
 // jobs; only the white frame for any other selection, grey for parttypes. A decal that cannot be
 // drawn is reported once, until the selection changes.
-class ViewBox : public QWidget {
+class ViewBox : public JobPaintBox {
   public:
     ViewBox(WindowServices& services, const TSelectDecals* dialog, QWidget* parent)
-        : QWidget(parent), services_(services), dialog_(dialog) {
-        setObjectName(QStringLiteral("View"));
-        setAttribute(Qt::WA_OpaquePaintEvent);
-    }
-
-    void SelectionChanged() {
-        failed_ = false;
-        update();
-    }
+        : JobPaintBox(services, "View", parent), dialog_(dialog) {}
 
   protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter painter(this);
-        const ScreenBox box{width(), height(), static_cast<double>(logicalDpiX()),
-                            static_cast<double>(logicalDpiY())};
-        if (failed_) {
-            painter.setPen(QPen(Qt::black, 0));
-            painter.setBrush(Qt::white);
-            painter.drawRect(0, 0, box.width - 1, box.height - 1);
-            return;
-        }
-        try {
-            PaintViewBox(painter, box, services_.context, dialog_->SelectedNames(),
-                         services_.messages);
-        } catch (const std::exception& error) {
-            failed_ = true;
-            const std::string text = error.what();
-            QTimer::singleShot(0, this, [this, text] {
-                services_.messages.ShowError(text);
-                update();
-            });
-        }
+    void PaintJob(QPainter& painter, const ScreenBox& box) override {
+        PaintViewBox(painter, box, Services().context, dialog_->SelectedNames(),
+                     Services().messages);
     }
 
   private:
-    WindowServices& services_;
     const TSelectDecals* dialog_;
-    bool failed_ = false;
 };
 
 namespace {
@@ -310,7 +283,7 @@ void TSelectDecals::AllClick() {
 void TSelectDecals::UpdateSelectionStatus() {
     const int selected = static_cast<int>(Namelist->selectedItems().size());
     statusPanels_[1]->setText(QStringLiteral("Selected: %1").arg(selected, 5));
-    View->SelectionChanged();
+    View->TryAgain();
 }
 
 void TSelectDecals::ListBtnClick() {
