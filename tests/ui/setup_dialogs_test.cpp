@@ -1,5 +1,6 @@
 #include <QCheckBox>
 #include <QFontComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -126,7 +127,9 @@ TEST_F(DecalSetupTest, CancelKeepsOnlyTheAttributeList) {
     auto dialog = Open(PlotKind::Decal);
     Find<NumericEdit>(*dialog, "OriginSize").SetValue(9);
     Find<QCheckBox>(*dialog, "PrintAttributes").setChecked(true);
-    messages.QueueText("Value");
+    messages.QueueText("");  // an empty name adds nothing
+    messages.QueueText("  Value  ");
+    Click(*dialog, "btnAddAttr");
     Click(*dialog, "btnAddAttr");
     Click(*dialog, "CancelButton");
     EXPECT_EQ(dialog->result(), QDialog::Rejected);
@@ -190,16 +193,17 @@ TEST_F(DecalSetupTest, ColourCellsTakeThePaletteColourOnlyWhereTheyArePainted) {
 TEST_F(DecalSetupTest, EachKindShowsItsPagesAndCaption) {
     struct Case {
         PlotKind kind;
-        QString caption;
+        QString caption, columns;
         bool grid, attributes;
     };
-    const Case cases[] = {{PlotKind::Parttype, "Parttype setup", false, true},
-                          {PlotKind::Decal, "PCB-decal setup", true, true},
-                          {PlotKind::Index, "PCB-decal index setup", false, false}};
+    const Case cases[] = {{PlotKind::Parttype, "Parttype setup", "No of decals", false, true},
+                          {PlotKind::Decal, "PCB-decal setup", "Columns", true, true},
+                          {PlotKind::Index, "PCB-decal index setup", "Columns", false, false}};
     for (const Case& c : cases) {
         auto dialog = Open(c.kind);
         auto& tabs = Find<QTabWidget>(*dialog, "DecalTabs");
         EXPECT_EQ(dialog->windowTitle(), c.caption);
+        EXPECT_EQ(Find<QLabel>(*dialog, "ColumnsLabel").text(), c.columns);
         EXPECT_EQ(tabs.isTabVisible(tabs.indexOf(dialog->findChild<QWidget*>("PageGrid"))), c.grid);
         EXPECT_EQ(tabs.isTabVisible(tabs.indexOf(dialog->findChild<QWidget*>("PageAttr"))),
                   c.attributes);
