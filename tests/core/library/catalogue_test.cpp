@@ -400,6 +400,10 @@ TEST(NewerCatalogue, FixtureFilesOfNewerReleases) {
         {"v9_parttypes.p", PlotKind::Parttype, Contents(1), {"BAT54"}},
         {"v9_parttypes.p", PlotKind::Parttype, Contents(2), {"LM358"}},
         {"v9_parttypes.p", PlotKind::Parttype, Contents(5), {"LM358"}},
+        // Parttypes back to back; every parttype of the board is read, so every decal a part
+        // uses is offered (UNUSED is not).
+        {"../parttype/v9_library.p", PlotKind::Parttype, {}, {"74HC00", "BGA4", "WIDE"}},
+        {"../parttype/v10_board.asc", PlotKind::Decal, {}, {"C0603", "R0603", "SOD123"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.file);

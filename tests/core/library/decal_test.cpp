@@ -138,6 +138,24 @@ TEST(ParseDecal, TextsAreDrawnTitleValuesOrComments) {
     }
 }
 
+TEST(ParseDecal, AttributeNamesWithOrWithoutQuotesAndTheirValues) {
+    const Decal decal =
+        ParseDecal(Record("*PADS-LIBRARY-PCB-DECALS-V4*", "A M 0 0 4 0 0 0 0 0",
+                          {"\"Geometry.Height\" 180mil", "\"Description\"  Pin header, 2 rows  ",
+                           "Plain value", "\"Unclosed name", "not an attribute"}));
+    EXPECT_EQ(decal.attributes, (std::vector<DecalAttribute>{{"Geometry.Height", "180mil"},
+                                                             {"Description", "Pin header, 2 rows"},
+                                                             {"Plain", "value"},
+                                                             {"Unclosed name", ""}}));
+    EXPECT_EQ(AttributeValue(decal.attributes, "GEOMETRY.HEIGHT"), "180mil");
+    EXPECT_EQ(AttributeValue(decal.attributes, "Geometry.Width"), "");
+    // A count beyond the body reads what there is; PCB decals have no attribute lines.
+    DecalRecord cut = Record("*PADS-LIBRARY-PCB-DECALS-V4*", "A M 0 0 4 0 0 0 0 0", {"a 1"});
+    EXPECT_EQ(ParseDecal(cut).attributes.size(), 1u);
+    cut.header = AnalyseHeader("!PADS-POWERPCB-V4.0-MILS!");
+    EXPECT_TRUE(ParseDecal(cut).attributes.empty());
+}
+
 // A field that does not read leaves the parse whole: the item keeps the error, worded the same
 // everywhere, for the page that draws or measures it.
 TEST(ParseDecal, FieldsThatDoNotReadStayWithTheirItems) {

@@ -8,11 +8,6 @@
 namespace zantor {
 namespace {
 
-std::vector<CountField> CountsOf(const FileHeader& header) {
-    auto counts = header.dialect.Counts();
-    return {counts.begin(), counts.end()};
-}
-
 TEST(AnalyseHeader, VersionProductReleaseAndUnits) {
     using enum FileProduct;
     using enum FileUnits;
@@ -88,28 +83,9 @@ TEST(FormatRelease, ReleasesAndYearsCompareAsNumbers) {
     EXPECT_FALSE(ParseRelease("").Known());
 }
 
-TEST(FileDialect, OldLibrariesAndPcbFiles) {
-    FileHeader library = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V4*");
-    EXPECT_EQ(
-        CountsOf(library),
-        (std::vector<CountField>{CountField::Attributes, CountField::Labels, CountField::Pieces,
-                                 CountField::Texts, CountField::Terminals, CountField::Stacks}));
-    EXPECT_TRUE(library.dialect.attributesBeforePieces);
-    EXPECT_EQ(library.dialect.labelPlace, LabelPlace::BeforePieces);
-    EXPECT_EQ(library.dialect.linesPerLabel, 2u);
-    EXPECT_EQ(library.dialect.linesPerText, 2u);
-    EXPECT_EQ(library.dialect.drillPlace, DrillPlace::StackHeader);
-
-    FileHeader pcb = AnalyseHeader("!PADS-POWERPCB-V3.0-BASIC!");
-    EXPECT_EQ(CountsOf(pcb),
-              (std::vector<CountField>{CountField::Pieces, CountField::Terminals,
-                                       CountField::Stacks, CountField::Texts, CountField::Labels}));
-    EXPECT_FALSE(pcb.dialect.attributesBeforePieces);
-    EXPECT_EQ(pcb.dialect.labelPlace, LabelPlace::Unread);
-    EXPECT_EQ(pcb.dialect.drillPlace, DrillPlace::EveryStackLine);
-    // A header that is not analysed still has a usable dialect.
-    EXPECT_EQ(FileHeader{}.dialect.Counts().size(), 6u);
-
+// The fields of each dialect show in the records read (decal reader, model and drawing tests);
+// here only where releases draw their lines.
+TEST(FileDialect, OldReadingsAndTheReleasesOfPcbLayouts) {
     // Versions 3 and 4, parttype libraries and files without a known header keep the old reading.
     for (const char* line : {"*PADS-LIBRARY-PCB-DECALS-V4*", "!PADS-POWERPCB-V3.0-MILS!",
                              "*PADS-LIBRARY-PART-TYPES-V9*", "R1 I 0 0 0 0 0 0 0 0"}) {
@@ -118,22 +94,7 @@ TEST(FileDialect, OldLibrariesAndPcbFiles) {
         EXPECT_EQ(old.framing, Framing::BlankLines);
         EXPECT_FALSE(old.newerPieceKinds);
         EXPECT_FALSE(old.arcAnglesInTenths);
-        EXPECT_EQ(old.textJustification, TextJustification::None);
-        EXPECT_EQ(old.fingerAxis, FingerAxis::AlongYAtZero);
     }
-}
-
-TEST(FileDialect, NewerLibraries) {
-    const FileDialect v9 = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*").dialect;
-    EXPECT_TRUE(v9.timestampLine);
-    EXPECT_EQ(v9.drillPlace, DrillPlace::StackHeader);
-    EXPECT_EQ(v9.pieceLayout, PieceLayout::LayerThenLineStyle);
-    EXPECT_EQ(v9.cornerPlace, CornerPlace::BeforeFinger);
-    EXPECT_EQ(v9.mirrorWord, "1");
-    EXPECT_EQ(v9.textJustification, TextJustification::Code);
-}
-
-TEST(FileDialect, PcbLayoutsFollowTheRelease) {
     struct Case {
         const char* header;
         std::size_t linesPerText;  // and per label
@@ -155,15 +116,9 @@ TEST(FileDialect, PcbLayoutsFollowTheRelease) {
         const FileDialect dialect = AnalyseHeader(c.header).dialect;
         EXPECT_EQ(dialect.linesPerText, c.linesPerText);
         EXPECT_EQ(dialect.linesPerLabel, c.linesPerText);
-        EXPECT_EQ(dialect.labelPlace, LabelPlace::AfterTexts);
         EXPECT_EQ(dialect.pieceLayout, c.pieces);
         EXPECT_EQ(dialect.cornerPlace, c.corner);
-        EXPECT_EQ(dialect.drillPlace, DrillPlace::AfterShapeFields);
         EXPECT_EQ(dialect.framing, Framing::Counts);
-        EXPECT_TRUE(dialect.arcAnglesInTenths);
-        EXPECT_EQ(dialect.mirrorWord, "M");
-        EXPECT_EQ(dialect.textJustification, TextJustification::Words);
-        EXPECT_EQ(dialect.fingerAxis, FingerAxis::AlongXAtZero);
     }
 }
 

@@ -6,8 +6,6 @@
 #include <vector>
 
 #include "common/errors.h"
-#include "library/catalogue.h"
-#include "support/recording_messages.h"
 #include "support/test_support.h"
 
 namespace zantor {
@@ -150,25 +148,6 @@ TEST(ParttypeHeader, BadHeadersAndLineShapes) {
     EXPECT_FALSE(LooksLikeParttypeHeader("1 0 U VBAT", library));
     EXPECT_FALSE(LooksLikeParttypeHeader("\"Value\" 10uF", library));
     EXPECT_FALSE(LooksLikeParttypeHeader("GATE 1 80 0", library));
-}
-
-TEST(Catalogue, ParttypesBackToBackAreAllListedAndAllTheirDecalsUsed) {
-    RecordingMessages messages;
-    Catalogue parttypes = LoadPartnames(Fixture("v9_library.p"), PlotKind::Parttype, {}, messages);
-    Names names;
-    for (const CatalogueEntry& entry : parttypes.entries) {
-        names.push_back(entry.name);
-    }
-    EXPECT_EQ(names, (Names{"74HC00", "BGA4", "WIDE"}));
-
-    // Every parttype of the board is read, so every decal a part uses is offered; UNUSED is not.
-    Catalogue decals = LoadPartnames(Fixture("v10_board.asc"), PlotKind::Decal, {}, messages);
-    names.clear();
-    for (const CatalogueEntry& entry : decals.entries) {
-        names.push_back(entry.name);
-    }
-    EXPECT_EQ(names, (Names{"C0603", "R0603", "SOD123"}));
-    EXPECT_TRUE(messages.Texts().empty());
 }
 
 }  // namespace

@@ -320,30 +320,5 @@ TEST(DecalPage, HeightFromTheDollarLineInTheMeasurementUnit) {
     EXPECT_TRUE(bench.Has(R"(text-right 6800 930 280 "Arial" "0.000" colour=000009)"));
 }
 
-TEST(DecalAttributes, NamesWithOrWithoutQuotesAndTheirValues) {
-    const DecalRecord record =
-        LibraryRecord({"\"Geometry.Height\" 180mil", "\"Description\"  Pin header, 2 rows  ",
-                       "Plain value", "\"Unclosed name"},
-                      {"OPEN 2 0.2 26", "-10 0", "10 0"}, 1);
-    const std::vector<DecalAttribute> attributes = ParseDecal(record).attributes;
-    EXPECT_EQ(attributes, (std::vector<DecalAttribute>{{"Geometry.Height", "180mil"},
-                                                       {"Description", "Pin header, 2 rows"},
-                                                       {"Plain", "value"},
-                                                       {"Unclosed name", ""}}));
-    EXPECT_EQ(AttributeValue(attributes, "GEOMETRY.HEIGHT"), "180mil");
-    EXPECT_EQ(AttributeValue(attributes, "Geometry.Width"), "");
-
-    // A count beyond the body reads what there is; PCB decals have no attribute lines.
-    DecalRecord shortRecord = record;
-    shortRecord.lines.resize(2);
-    EXPECT_EQ(ParseDecal(shortRecord).attributes.size(), 2u);
-    DecalRecord board = record;
-    board.header = AnalyseHeader("!PADS-POWERPCB-V4.0-MILS!");
-    EXPECT_TRUE(ParseDecal(board).attributes.empty());
-
-    EXPECT_EQ(ListedAttributeCount(true, {{"A", true}, {"B", false}, {"C", true}}), 2);
-    EXPECT_EQ(ListedAttributeCount(false, {{"A", true}}), 0);
-}
-
 }  // namespace
 }  // namespace zantor
