@@ -156,6 +156,28 @@ TEST(ParseDecal, AttributeNamesWithOrWithoutQuotesAndTheirValues) {
     EXPECT_TRUE(ParseDecal(cut).attributes.empty());
 }
 
+TEST(ParseDecal, TerminalsInFileOrderWithTheirPinNames) {
+    using Terminals = std::vector<TerminalLine>;
+    Texts lines = {"T-1.05 0.75 -1.3  0.9", "T1235 -2e1 0 0", "T0     0.3   0     0.3   FRM-2",
+                   "T2.5 1"};
+    const char* v9 = "*PADS-LIBRARY-PCB-DECALS-V9*";
+    // Missing numbers read as 0; unnamed pins take their index.
+    EXPECT_EQ(ParseDecal(Record(v9, "D M 0 0 0 0 0 0 4 0 0", lines)).Terminals(),
+              (Terminals{{1, -1.05, 0.75, -1.3, 0.9, "1"},
+                         {2, 1235, -20, 0, 0, "2"},
+                         {3, 0, 0.3, 0, 0.3, "FRM-2"},
+                         {4, 2.5, 1, 0, 0, "4"}}));
+    // The count limits what is read; a body cut short gives the terminals it has.
+    EXPECT_EQ(ParseDecal(Record(v9, "D M 0 0 0 0 0 0 2 0 0", lines)).Terminals().size(), 2u);
+    EXPECT_EQ(ParseDecal(Record(v9, "D M 0 0 0 0 0 0 9 0 0", lines)).Terminals().size(), 4u);
+    // Versions 3 and 4 write no pin names; a T apart from its x is passed over.
+    lines.push_back("T 3 4 5 6 C3");
+    const Decal v4 =
+        ParseDecal(Record("*PADS-LIBRARY-PCB-DECALS-V4*", "D M 0 0 0 0 0 0 5 0", lines));
+    EXPECT_EQ(v4.Terminals().at(2).pinName, "3");
+    EXPECT_EQ(v4.Terminals().at(4), (TerminalLine{5, 3, 4, 5, 6, "5"}));
+}
+
 // A field that does not read leaves the parse whole: the item keeps the error, worded the same
 // everywhere, for the page that draws or measures it.
 TEST(ParseDecal, FieldsThatDoNotReadStayWithTheirItems) {
@@ -184,6 +206,13 @@ TEST(ParseDecal, FieldsThatDoNotReadStayWithTheirItems) {
         {"D M 0 0 0 0 0 1 0 0",
          {"0 0 0 1 10 1 N", "$ x1"},
          "lib.d:12: the value of text 1 of decal D is not a number: \"x1\""},
+        {"D M 0 0 0 0 0 0 2 0",
+         {"T0 0 0 0 1", "T1,5 0 1.5 0 2"},
+         "lib.d:12: the x of terminal 2 of decal D is not a number: \"1,5\""},
+        {"D M 0 0 0 0 0 0 1 0",
+         {"VALUE 0 0 0 1 1.27 0.127 N LEFT DOWN"},
+         "lib.d:11: the first word of terminal 1 of decal D is not \"T\" with the x after it: "
+         "\"VALUE\""},
         {"D M 0 0 0 0 0 0 1 0",
          {"T0 0 0 1e999"},
          "lib.d:11: the label y of terminal 1 of decal D is not a number within the range of "

@@ -99,38 +99,19 @@ TEST(PrintPadStackTable, RowsStandUnderTitleAndHeadingsInsideTheirRules) {
     EXPECT_EQ(PrintTable(bench, TwoStacks()), rulesAndHeadings);
 }
 
-TEST(PrintPadStackTable, SixteenRowsAtMostAndTheRightHalfForLaterPlacements) {
+// The rows' contents and their limit of sixteen are the table content's test (library).
+TEST(PrintPadStackTable, LaterPlacementsTakeTheRightHalfAndNothingIsDrawnWithoutLines) {
     PlotBench bench;
-    // Six stacks of three lines on pins that do not follow each other: 24 lines.
-    PadStackList stacks;
-    for (std::int32_t pin : {1, 3, 5, 7, 9, 11}) {
-        for (std::int32_t layer : {-2, -1, 0}) {
-            stacks.push_back(Line(pin, pin, layer, 1.0, "R"));
-        }
-    }
-    ASSERT_EQ(PadStackTableLineCount(stacks), 24);
-    PrintTable(bench, stacks);
-    // 18 rows of 3.5 mm above 40 mm; the sixteenth data row is the lowest.
-    EXPECT_EQ(LinesOf(bench.canvas, "line").at(1), "line 8940 10300 pen=00000A/25/solid");
-    const Lines texts = LinesOf(bench.canvas, "text");
-    EXPECT_NE(texts.back().find(" 4300 250 "), std::string::npos) << texts.back();
-
-    // Placement 2 moves the table right by half the drawing width.
     const Lines right = PrintTable(bench, TwoStacks(), 2);
     EXPECT_TRUE(right.at(0).starts_with("text-centre 15000 6400 250 "));
     EXPECT_EQ(LinesOf(bench.canvas, "move").at(0), "move 11060 4000");
-}
 
-TEST(PrintPadStackTable, TitleNamesTheUnitAndNothingIsDrawnWithoutLinesOrWhenSwitchedOff) {
-    PlotBench bench;
-    PrintPadStackTable(bench.frame, TwoStacks(), 5, 1, 200, 'X', {0.0254, true}, "Arial");
-    ASSERT_FALSE(bench.canvas.Lines().empty());
-    EXPECT_NE(bench.canvas.Lines()[0].find("\"PAD-STACK DEFINITIONS (mi)\""), std::string::npos);
     bench.canvas.Clear();
     PrintPadStackTable(bench.frame, TwoStacks(), 0, 1, 200, 'M', kMillimetres, "Arial");
     EXPECT_TRUE(bench.canvas.Lines().empty());
     bench.settings.PlotPadstack = false;
     EXPECT_TRUE(PrintTable(bench, TwoStacks()).empty());
 }
+
 }  // namespace
 }  // namespace zantor
