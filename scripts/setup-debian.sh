@@ -15,6 +15,7 @@ required=(
     poppler-utils
     desktop-file-utils appstream man-db
     clang-14 libclang-rt-14-dev
+    libqpdf-dev qpdf
 )
 # The system printer tests (a CUPS queue backed by cups-pdf), the benchmark, and the desktop
 # program in an X server for scripts/screenshots.sh.

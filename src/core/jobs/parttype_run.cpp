@@ -34,6 +34,7 @@ void ParttypeRun::OpenPage() {
         return;
     }
     if (!target_->Printing()) {
+        target_->NameLibrary(inputs_.inputPath);
         target_->BeginDocument();
         pageHasContent_ = false;
     } else if (pageHasContent_) {
@@ -124,6 +125,10 @@ ParttypeRunSummary ParttypeRun::Print(std::span<const std::string> selection,
         for (std::size_t k = 0; k < layout.pages; ++k) {
             ++pageNumber;
             OpenPage();
+            if (target_ != nullptr) {
+                target_->NamePage(k == 0 ? planned.name
+                                         : planned.name + " (" + std::to_string(k + 1) + ")");
+            }
             PositionPage(pageNumber);
             IndexFrameInputs frameInputs;
             frameInputs.width = page.usableWidth;

@@ -116,6 +116,7 @@ void PrintJob::PlotDecal(const Decal& decal) {
 
 void PrintJob::OpenPageForDecal() {
     if (!target_->Printing()) {
+        target_->NameLibrary(context_.PlotSettings.Inputfile);
         target_->BeginDocument();
         pageHasDecal_ = false;
     } else if (pageHasDecal_) {
@@ -131,6 +132,7 @@ void PrintJob::PlotDecalPage(const Decal& decal, const DecalExtents& extents) {
     const DecalPlacement placement = PlaceDecal(area, extents, decal.unitFactor, settings.MaxScale);
     if (Printer()) {
         OpenPageForDecal();
+        target_->NamePage(decal.name);
     }
     ApplyPlacement(frame_, page_, placement, decal.unitFactor);
     DecalPageInputs inputs{.decal = decal,
@@ -169,10 +171,16 @@ void PrintJob::PlotInViewBox(const Decal& decal, const DecalExtents& extents) {
 void PrintJob::PlotIndexCell(const Decal& decal, const DecalExtents& extents) {
     if (Printer()) {
         if (!target_->Printing()) {
+            target_->NameLibrary(context_.PlotSettings.Inputfile);
             target_->BeginDocument();
+            indexPageFirst_ = decal.name;
         } else if (indexPageDone_) {
             target_->NewPage();
+            indexPageFirst_ = decal.name;
         }
+        // An index page is named after its first and last decal so far.
+        target_->NamePage(indexPageFirst_ == decal.name ? decal.name
+                                                        : indexPageFirst_ + " - " + decal.name);
     }
     indexPageDone_ = indexRun_->AddDecal(decal, extents, pieceReports_).pageFramed;
 }

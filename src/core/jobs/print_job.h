@@ -107,6 +107,7 @@ class PrintJob {
     bool pcbInput_ = false;
     bool pageHasDecal_ = false;   // the printer's current page holds a decal page already
     bool indexPageDone_ = false;  // the current index page is framed: the next cell needs a page
+    std::string indexPageFirst_;  // the first decal on the current index page
 };
 
 }  // namespace zantor

@@ -13,6 +13,7 @@ void PageOutput::BeginDocument() {
     aborted_ = false;
     ++documents_;
     documentPages_ = 0;
+    pageNames_.clear();
     try {
         StartDocument();
     } catch (...) {
@@ -58,6 +59,14 @@ void PageOutput::EndDocument() {
     }
     writtenFiles_.insert(writtenFiles_.end(), std::make_move_iterator(files.begin()),
                          std::make_move_iterator(files.end()));
+}
+
+void PageOutput::NamePage(std::string name) {
+    if (!printing_ || documentPages_ < 1) {
+        return;
+    }
+    pageNames_.resize(static_cast<std::size_t>(documentPages_));
+    pageNames_.back() = std::move(name);
 }
 
 void PageOutput::Abort() {

@@ -57,6 +57,14 @@ class PageOutput {
     // the target aborted. Also valid between documents.
     void Abort();
 
+    // Names the current page after what it shows: a decal, a parttype, or an index page's first
+    // and last decal. A later name for the same page replaces the earlier one. Targets that keep
+    // an outline (PDF) list the named pages in it; the others ignore the names.
+    void NamePage(std::string name);
+    // The library the documents are printed from (its path), for the title of files that carry
+    // one.
+    void NameLibrary(std::string path) { library_ = std::move(path); }
+
     // A document is open.
     bool Printing() const { return printing_; }
     // Abort() was called since the last BeginDocument().
@@ -92,6 +100,9 @@ class PageOutput {
     void DropUnfinished() noexcept;
     // Numbering over the target's life: 1 for the first document or page.
     int DocumentNumber() const { return documents_; }
+    // The names given to the pages of the current document, by page (empty: not named).
+    const std::vector<std::string>& PageNames() const { return pageNames_; }
+    const std::string& Library() const { return library_; }
 
   private:
     PageCanvas canvas_;
@@ -101,6 +112,8 @@ class PageOutput {
     int documentPages_ = 0;
     int jobPages_ = 0;
     std::vector<std::filesystem::path> writtenFiles_;
+    std::vector<std::string> pageNames_;
+    std::string library_;
 };
 
 // The printable area and unprintable offsets of `page` in millimetres, as the page geometry of a

@@ -4,6 +4,7 @@
 #include <QPageLayout>
 
 #include "common/errors.h"
+#include "output/pdf_outline.h"
 
 namespace zantor {
 PdfTarget::PdfTarget(std::filesystem::path path, PaperSize paper, DocumentFiles files)
@@ -22,8 +23,8 @@ void PdfTarget::StartDocument() {
         throw IoError("Only one document can be written to this file", path_.string());
     }
     current_ = files_ == DocumentFiles::Numbered ? NumberedPath(path_, DocumentNumber()) : path_;
-    const std::filesystem::path temporary = pending_.Add(current_);
-    file_ = std::make_unique<CheckedFile>(temporary);
+    temporary_ = pending_.Add(current_);
+    file_ = std::make_unique<CheckedFile>(temporary_);
     if (!file_->OpenForWriting()) {
         throw IoError("Cannot write the file: " + file_->errorString().toStdString(),
                       current_.string());
@@ -58,6 +59,20 @@ std::vector<std::filesystem::path> PdfTarget::FinishDocument() {
                       current_.string());
     }
     file_.reset();
+    // The outline, title and subject go into the temporary file, before it is put in place.
+    PdfDescription description;
+    if (Library().empty()) {
+        description.title = kDocumentTitle;
+        description.subject = "PADS library pages";
+    } else {
+        const std::filesystem::path library(Library());
+        description.title = std::string(kDocumentTitle) + " - " + library.filename().string();
+        description.subject = "PADS library " + Library();
+    }
+    description.pageNames = PageNames();
+    if (!AddPdfOutline(temporary_, description)) {
+        throw IoError("Cannot write the file: the bookmarks could not be added", current_.string());
+    }
     std::vector<std::filesystem::path> files = pending_.Commit();
     if (files_ == DocumentFiles::Numbered) {
         RemoveLaterNumberedFiles(path_, DocumentNumber() + 1);

@@ -36,7 +36,8 @@ class PdfTarget final : public PageOutput {
     std::filesystem::path path_;
     PaperSize paper_;
     DocumentFiles files_;
-    std::filesystem::path current_;  // the final name of the open document
+    std::filesystem::path current_;    // the final name of the open document
+    std::filesystem::path temporary_;  // where it is written meanwhile
     PendingFiles pending_;
     // The writer writes into the file, so it goes first.
     std::unique_ptr<CheckedFile> file_;

@@ -150,7 +150,7 @@ TEST(PrintJobPages, TheSampleLibraryIsOneWholePagePerDecal) {
     EXPECT_EQ(info->pages, 6);
     EXPECT_NEAR(info->widthPoints, 595.3, 1);
     EXPECT_NEAR(info->heightPoints, 841.9, 1);
-    EXPECT_EQ(info->title, "Zantor");
+    EXPECT_EQ(info->title, "Zantor - sample.d");  // the application and the library
     const std::string third = test::PdfPageText(pdf, 3);
     for (const char* text : {"DECAL:", "R0603", "LIBRARY:", "sample", "SCALE:", "22.11.2026"}) {
         EXPECT_NE(third.find(text), std::string::npos) << text << " in\n" << third;
