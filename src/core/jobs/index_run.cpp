@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "plot/decal_body.h"
 #include "plot/index_frame.h"
 
 namespace zantor {
@@ -28,8 +29,11 @@ IndexStep IndexRun::AddDecal(const Decal& decal, const DecalExtents& extents,
     if (cellsOnPage_ == 0) {
         StartPageAt();
     }
-    const CellPlacement placement =
-        PlaceInCell(layout_, page.usableHeight, row_, column_, extents, decal.unitFactor, settings);
+    const auto [placement, fitted] =
+        FitWithPinNumbers(frame_, decal, font_, extents, [&](const DecalExtents& e) {
+            return PlaceInCell(layout_, page.usableHeight, row_, column_, e, decal.unitFactor,
+                               settings);
+        });
     frame_.Scale = placement.scale;
     frame_.UnitFactor = decal.unitFactor;
     frame_.OriginX1 = placement.originX;
@@ -42,9 +46,9 @@ IndexStep IndexRun::AddDecal(const Decal& decal, const DecalExtents& extents,
         column_,          row_, layout_.cellHeight, layout_.columnWidth, kIndexCellMargin,
         page.usableHeight};
     // The decal's left edge as drawn: its extents at the cell's scale from its origin.
-    place.decalLeft = extents.Empty()
+    place.decalLeft = fitted.Empty()
                           ? placement.originX
-                          : placement.originX + extents.xmin * decal.unitFactor * placement.scale;
+                          : placement.originX + fitted.xmin * decal.unitFactor * placement.scale;
     DrawIndexCell(frame_, {decal, font_, place, reports});
     pageBegun_ = true;
 

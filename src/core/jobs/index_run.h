@@ -39,9 +39,9 @@ class IndexRun {
     // unit factor, origins and page height for every cell.
     IndexRun(PlotFrame& frame, const StrokeFont& font, IndexRunInputs inputs);
 
-    // Draws `decal` (its extents in library units given) in the next cell and moves on; unknown
-    // piece kinds are reported through `reports`, the job's. The last selected decal completes
-    // its page, so the last page is framed too.
+    // Draws `decal` (its ExtentsOf given, library units; the pin numbers are fitted here) in the
+    // next cell and moves on; unknown piece kinds are reported through `reports`, the job's. The
+    // last selected decal completes its page, so the last page is framed too.
     IndexStep AddDecal(const Decal& decal, const DecalExtents& extents,
                        UnknownPieceReports& reports);
 

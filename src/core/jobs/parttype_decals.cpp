@@ -44,7 +44,10 @@ void DrawDecalInCell(PlotFrame& frame, const Decal& decal, const StrokeFont& fon
     const PlotSettings& settings = frame.Settings();
     const DecalBox box{cell.x + cell.width / 2, cell.y + cell.height / 2,
                        cell.width * kIndexCellFill, cell.height * kIndexCellFill};
-    const CellPlacement fit = PlaceInBox(box, ExtentsOf(decal), decal.unitFactor, settings);
+    const CellPlacement fit =
+        FitWithPinNumbers(frame, decal, font, ExtentsOf(decal, font), [&](const DecalExtents& e) {
+            return PlaceInBox(box, e, decal.unitFactor, settings);
+        }).placement;
     frame.Scale = fit.scale;
     frame.UnitFactor = decal.unitFactor;
     frame.OriginX1 = fit.originX;

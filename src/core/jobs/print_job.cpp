@@ -101,7 +101,7 @@ void PrintJob::PlotDecal(const DecalRecord& record) {
 }
 
 void PrintJob::PlotDecal(const Decal& decal) {
-    const DecalExtents extents = ExtentsOf(decal);
+    const DecalExtents extents = ExtentsOf(decal, context_.StrokeFont);
     // A pad stack that does not read fails the decal before anything of it is drawn.
     RaiseIfAny(decal.stackFault);
     if (surface_ == PlotSurface::ViewBox) {
@@ -129,7 +129,10 @@ void PrintJob::PlotDecalPage(const Decal& decal, const DecalExtents& extents) {
     const PlotSettings& settings = context_.PlotSettings;
     const DecalArea area{page_.usableWidth, page_.usableHeight, settings.XBorder, settings.YBorder,
                          attributeLines_};
-    const DecalPlacement placement = PlaceDecal(area, extents, decal.unitFactor, settings.MaxScale);
+    const DecalPlacement placement =
+        FitWithPinNumbers(frame_, decal, context_.StrokeFont, extents, [&](const DecalExtents& e) {
+            return PlaceDecal(area, e, decal.unitFactor, settings.MaxScale);
+        }).placement;
     if (Printer()) {
         OpenPageForDecal();
         target_->NamePage(decal.name);
@@ -153,16 +156,23 @@ void PrintJob::PlotDecalPage(const Decal& decal, const DecalExtents& extents) {
 
 void PrintJob::PlotInViewBox(const Decal& decal, const DecalExtents& extents) {
     const PlotSettings& settings = context_.PlotSettings;
-    DecalPlacement placement = PlaceDecalInBox(page_.usableWidth, page_.usableHeight, extents,
-                                               decal.unitFactor, settings.MaxScale);
+    const auto fit = [&](auto place) {
+        return FitWithPinNumbers(frame_, decal, context_.StrokeFont, extents, place).placement;
+    };
+    DecalPlacement placement = fit([&](const DecalExtents& e) {
+        return PlaceDecalInBox(page_.usableWidth, page_.usableHeight, e, decal.unitFactor,
+                               settings.MaxScale);
+    });
     // The index job shows a decal at the scale it fills the box with, as its cells do.
     if (context_.PlotKind == PlotKind::Index) {
         const DecalBox box{page_.usableWidth / 2, page_.usableHeight / 2, page_.usableWidth,
                            page_.usableHeight};
-        const CellPlacement fit = PlaceInBox(box, extents, decal.unitFactor, settings, true);
-        placement.scale = fit.scale;
-        placement.originX = fit.originX;
-        placement.originY = fit.originY;
+        const CellPlacement cell = fit([&](const DecalExtents& e) {
+            return PlaceInBox(box, e, decal.unitFactor, settings, true);
+        });
+        placement.scale = cell.scale;
+        placement.originX = cell.originX;
+        placement.originY = cell.originY;
     }
     ApplyPlacement(frame_, page_, placement, decal.unitFactor);
     DrawDecalAlone(frame_, decal, context_.StrokeFont, pieceReports_);

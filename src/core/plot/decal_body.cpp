@@ -21,10 +21,18 @@ DecalBodyResult DrawDecalBody(PlotFrame& frame, const Decal& decal, const Stroke
     return result;
 }
 
-DecalExtents ExtentsOf(const Decal& decal) {
+DecalExtents ExtentsOf(const Decal& decal, const StrokeFont& font) {
     DecalExtents extents;
     PieceExtents(decal, extents);
     TerminalExtents(decal, extents);
+    TextExtents(decal, font, extents);
+    return extents;
+}
+
+DecalExtents WithPinNumbers(const PlotFrame& frame, const Decal& decal, const StrokeFont& font,
+                            const DecalExtents& body, double scale) {
+    DecalExtents extents = body;
+    PinNumberExtents(frame, decal, font, scale, extents);
     return extents;
 }
 

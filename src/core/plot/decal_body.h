@@ -9,9 +9,11 @@
 // into a box as an index cell is:
 //
 //     const Decal decal = ParseDecal(record);          // library/decal.h: once per record
-//     const DecalExtents extents = ExtentsOf(decal);   // library units
-//     const CellPlacement fit = PlaceInBox(box, extents, decal.unitFactor, settings);
-//                                                      // jobs/index_layout.h
+//     const DecalExtents body = ExtentsOf(decal, font);   // library units
+//     const auto [fit, extents] = FitWithPinNumbers(frame, decal, font, body,
+//         [&](const DecalExtents& e) {                  // jobs/index_layout.h
+//             return PlaceInBox(box, e, decal.unitFactor, settings);
+//         });
 //     frame.Scale = fit.scale;                         // the frame's page placement as usual
 //     frame.UnitFactor = decal.unitFactor;
 //     frame.OriginX1 = fit.originX;                    // the decal origin, page millimetres
@@ -56,8 +58,44 @@ struct DecalBodyResult {
 DecalBodyResult DrawDecalBody(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                               UnknownPieceReports& reports, const DecalBodyPage& page = {});
 
-// The smallest and largest x and y of the decal's pieces (with the room of its circles) and
-// terminal positions, in library units. A corner or terminal that does not read throws here.
-DecalExtents ExtentsOf(const Decal& decal);
+// The smallest and largest x and y of what the decal draws, whatever the pens, in library units:
+// its pieces (with the room of their circles), its terminals with the pads of every layer and
+// their drills and slots, and its texts at their measured extent. Pin numbers, whose size on the
+// decal depends on the scale, are left to FitWithPinNumbers. A corner, terminal or text that
+// does not read throws here.
+DecalExtents ExtentsOf(const Decal& decal, const StrokeFont& font);
+
+// `body` (ExtentsOf) widened by the pin numbers the frame's settings print, at their size when
+// the decal is drawn at `scale`.
+DecalExtents WithPinNumbers(const PlotFrame& frame, const Decal& decal, const StrokeFont& font,
+                            const DecalExtents& body, double scale);
+
+template <typename Placement>
+struct PinNumberFit {
+    Placement placement;
+    DecalExtents extents;  // what the placement fitted and centred
+};
+
+// Fits the decal with `place`, a function from extents to a placement with a `scale`, so that
+// its pin numbers are inside too. Their size on the decal depends on the scale that the fit
+// chooses, so the fit is repeated with the pin numbers at the scale found until that scale
+// holds; each round can only lower it, and a few rounds settle it.
+template <typename Place>
+auto FitWithPinNumbers(const PlotFrame& frame, const Decal& decal, const StrokeFont& font,
+                       const DecalExtents& body, Place&& place)
+    -> PinNumberFit<decltype(place(body))> {
+    constexpr int kRounds = 8;
+    PinNumberFit<decltype(place(body))> fit{place(body), body};
+    for (int round = 0; round < kRounds; ++round) {
+        const DecalExtents extents = WithPinNumbers(frame, decal, font, body, fit.placement.scale);
+        const auto next = place(extents);
+        const bool held = next.scale == fit.placement.scale;
+        fit = {next, extents};
+        if (held) {
+            break;
+        }
+    }
+    return fit;
+}
 
 }  // namespace zantor

@@ -124,7 +124,8 @@ void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs, UnknownPieceRe
         return;
     }
     const SavedPlacement saved(frame);
-    const DecalExtents& e = inputs.extents;
+    // Centred with the pin numbers at the size they have at 1 : 1.
+    const DecalExtents e = WithPinNumbers(frame, inputs.decal, inputs.font, inputs.extents, 1.0);
     const double cx = e.Empty() ? 0.0 : (e.xmin + e.xmax) / 2;
     const double cy = e.Empty() ? 0.0 : (e.ymin + e.ymax) / 2;
     frame.Scale = 1;

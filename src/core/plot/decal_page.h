@@ -31,7 +31,7 @@ struct DecalPageInputs {
     // The user's attribute list: its checked entries are listed when PrintAttr is on, each with
     // the decal's value of it (empty when the decal has none).
     const AttributeList& attributes;
-    DecalExtents extents;   // ExtentsOf the decal, library units
+    DecalExtents extents;   // ExtentsOf the decal (without pin numbers), library units
     double width = 0;       // W: frame width in mm
     double height = 0;      // H: frame height in mm
     std::string inputPath;  // the file the decal comes from (the library name)

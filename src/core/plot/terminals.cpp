@@ -197,23 +197,39 @@ bool PinNumberWanted(char style, const TerminalLine& terminal) {
     }
 }
 
-void DrawPinNumber(PlotFrame& frame, const StrokeFont& font, const TerminalLine& terminal) {
+bool PinNumberPrinted(const PlotFrame& frame, const TerminalLine& terminal) {
     const PlotSettings& settings = frame.Settings();
-    if (!settings.PlotPinNo || !PinNumberWanted(settings.PinNoStyle, terminal)) {
+    return settings.PlotPinNo && PinNumberWanted(settings.PinNoStyle, terminal) &&
+           frame.PenFor(kPenPinNo, 0) != kNotPlotted;
+}
+
+// The height of a pin number in library units on a decal drawn at `scale`. PinNoSize is a size
+// on the decal when it scales with it, else a size on paper; either way never below the smallest
+// readable size on paper.
+double PinNumberHeight(const PlotSettings& settings, double unitFactor, double scale) {
+    const double paperMm =
+        std::max(settings.PinNoSize * (settings.ScalePinNo ? scale : 1.0), settings.MinPinnoSize);
+    return paperMm / (unitFactor * scale);
+}
+
+void DrawPinNumber(PlotFrame& frame, const StrokeFont& font, const TerminalLine& terminal) {
+    if (!PinNumberPrinted(frame, terminal)) {
         return;
     }
-    const Colour pen = frame.PenFor(kPenPinNo, 0);
-    if (pen == kNotPlotted) {
-        return;
-    }
-    frame.SetColour(pen);
-    // PinNoSize is a size on the decal when it scales with it, else a size on paper; either way
-    // never below the smallest readable size on paper.
-    const double paperMm = std::max(settings.PinNoSize * (settings.ScalePinNo ? frame.Scale : 1.0),
-                                    settings.MinPinnoSize);
-    const double height = paperMm / (frame.UnitFactor * frame.Scale);
+    frame.SetColour(frame.PenFor(kPenPinNo, 0));
+    const double height = PinNumberHeight(frame.Settings(), frame.UnitFactor, frame.Scale);
     frame.StrokeText(font, false, terminal.pinName, terminal.labelX, terminal.labelY, 0, height,
                      kPinNumberLineWidth);
+}
+
+// Whether the terminal has a pad entry on any layer drawn: its number is printed with each.
+bool HasPadEntry(const PadStackList& stacks, const TerminalLine& terminal) {
+    for (std::int32_t layer = kTopLayerDrawn; layer >= kLastLayerDrawn; --layer) {
+        if (FindStackEntry(stacks, terminal.index, layer) != nullptr) {
+            return true;
+        }
+    }
+    return false;
 }
 
 // The corners of a finger (or slot) `halfWidth` either side of its axis from `from` to `to`.
@@ -305,6 +321,23 @@ void TerminalExtents(const Decal& decal, DecalExtents& extents) {
                 WidenByPad(extents, *pad, terminal.x, terminal.y, axis);
             }
         }
+    }
+}
+
+void PinNumberExtents(const PlotFrame& frame, const Decal& decal, const StrokeFont& font,
+                      double scale, DecalExtents& extents) {
+    if (!frame.Settings().PlotPinNo) {
+        return;
+    }
+    const double height = PinNumberHeight(frame.Settings(), decal.unitFactor, scale);
+    const PadStackList& stacks = decal.Stacks();
+    for (const TerminalLine& terminal : decal.Terminals()) {
+        if (!PinNumberPrinted(frame, terminal) || !HasPadEntry(stacks, terminal)) {
+            continue;
+        }
+        const TextExtent measured = font.Extent(terminal.pinName, height);
+        extents.Widen(terminal.labelX, terminal.labelY);
+        extents.Widen(terminal.labelX + measured.width, terminal.labelY + measured.height);
     }
 }
 

@@ -39,7 +39,14 @@ void DrawTerminals(PlotFrame& frame, const StrokeFont& font, const Decal& decal,
 // Widens `extents` by every terminal of `decal`: its position, and the pads of every layer by
 // the geometry that draws them (shape, size, orientation, finger length and offset), with the
 // drill or slot. Pads that stick out of a decal's outline are then placed and scaled with it.
-// Label positions are not counted.
+// Pin numbers are not counted (PinNumberExtents).
 void TerminalExtents(const Decal& decal, DecalExtents& extents);
+
+// Widens `extents` by the pin numbers that DrawTerminals prints with the frame's settings and
+// pens, each the box of its measured extent at its label position, at the size it has when the
+// decal is drawn at `scale`. Pin numbers keep a size on paper, so on the decal they grow as the
+// scale falls.
+void PinNumberExtents(const PlotFrame& frame, const Decal& decal, const StrokeFont& font,
+                      double scale, DecalExtents& extents);
 
 }  // namespace zantor

@@ -5,6 +5,8 @@
 #include <numbers>
 #include <utility>
 
+#include "plot/rotation.h"
+
 namespace zantor {
 namespace {
 
@@ -39,7 +41,34 @@ std::pair<double, double> BaselineStart(const DecalText& header, const StrokeFon
             header.y + along * std::sin(angle) + up * std::cos(angle)};
 }
 
+// The four corners of the text's measured box, on the library plane.
+void WidenByText(DecalExtents& extents, const DecalText& header, const StrokeFont& font,
+                 std::string_view text) {
+    const TextExtent measured = font.Extent(text, header.size);
+    const double along = header.mirror ? -measured.width : measured.width;
+    const auto [x, y] = BaselineStart(header, font, text);
+    for (const double a : {0.0, along}) {
+        for (const double up : {0.0, measured.height}) {
+            const PlanePoint corner = RotateOffset(a, up, header.rotation);
+            extents.Widen(x + corner.x, y + corner.y);
+        }
+    }
+}
+
 }  // namespace
+
+void TextExtents(const Decal& decal, const StrokeFont& font, DecalExtents& extents) {
+    for (const DecalText& text : decal.texts) {
+        RaiseIfAny(text.fault);
+        if (text.kind != TextKind::Drawn) {
+            continue;
+        }
+        // A text of blanks draws nothing, so it holds no room either.
+        if (const std::string_view trimmed = text.Trimmed(); !trimmed.empty()) {
+            WidenByText(extents, text, font, trimmed);
+        }
+    }
+}
 
 TextItemsResult DrawTextItems(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                               const TextItemsPage& page) {

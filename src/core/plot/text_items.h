@@ -8,6 +8,7 @@
 
 #include "font/stroke_font.h"
 #include "library/decal.h"
+#include "plot/extents.h"
 #include "plot/plot_frame.h"
 
 namespace zantor {
@@ -34,5 +35,11 @@ inline constexpr std::size_t kNameSlotLength = 16;
 // Draws the texts of `decal` in file order; a text whose fields do not read throws when it is met.
 TextItemsResult DrawTextItems(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                               const TextItemsPage& page);
+
+// Widens `extents` by every text that DrawTextItems draws with the stroke font, whatever its pen:
+// the box of its measured extent (StrokeFont::Extent) from the point its justification places,
+// turned by its rotation and running to the left when mirrored. Title values and comments take
+// no room on the decal. A text whose header does not read throws here.
+void TextExtents(const Decal& decal, const StrokeFont& font, DecalExtents& extents);
 
 }  // namespace zantor
