@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,23 @@
 #include "library/decal.h"
 #include "library/decal_reader.h"
 #include "plot/decal_body.h"
+
+namespace {
+
+// The bundled stroke font, which measures the decals' texts.
+const zantor::StrokeFont& Font() {
+    static const zantor::StrokeFont font = [] {
+        zantor::StrokeFont loaded;
+        zantor::fuzz::SilentMessages messages;
+        if (!loaded.Load(ZANTOR_FUZZ_FONT, messages)) {
+            std::abort();
+        }
+        return loaded;
+    }();
+    return font;
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace zantor;
@@ -25,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             names.push_back(record.name);
             try {
                 const Decal decal = ParseDecal(record);
-                (void)ExtentsOf(decal);
+                (void)ExtentsOf(decal, Font());
                 (void)LibraryUnitsOf(decal);
                 (void)AttributeValue(decal.attributes, "Geometry.Height");
             } catch (const Error&) {
