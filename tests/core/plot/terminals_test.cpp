@@ -527,5 +527,51 @@ TEST(TerminalExtents, CountThePadsAsDrawnAndTheirSlotsButNotLabels) {
     EXPECT_NEAR(slotted.xmax, 1.4, 1e-12);
 }
 
+// Pin numbers take room where they are printed, at their size on the decal: "1" and "8" of the
+// glyph font measure 0 across and 17 and 24 font units high, which at PinNoSize 3.04 mm on paper
+// and scale 1 is 1.7 and 2.4 mm. Pin 1's label is moved far off to (-9, -9); the others stand on
+// their pads, pin 8's at (1.05, 0.75), the highest.
+TEST(PinNumberExtents, CountTheNumbersPrintedAtTheirSizeOnTheDecal) {
+    DecalRecord record = SonDecal();
+    record.lines[0] = "T-1.05 0.75 -9 -9 1";
+    const Decal decal = ParseDecal(record);
+    const auto extents = [&decal](TerminalBench& bench, double scale) {
+        DecalExtents e;
+        TerminalExtents(decal, e);
+        PinNumberExtents(bench.frame, decal, bench.font, scale, e);
+        return std::vector<double>{e.xmin, e.ymin, e.xmax, e.ymax};
+    };
+    using Box = std::vector<double>;
+    const Box pads = {-1.4, -0.9, 1.4, 0.9};
+
+    TerminalBench bench;
+    EXPECT_EQ(extents(bench, 1), pads) << "PlotPinNo off";
+    bench.settings.PlotPinNo = true;
+    bench.settings.ScalePinNo = false;
+    bench.settings.MinPinnoSize = 0.5;
+    bench.settings.PinNoStyle = 'M';  // the moved label only
+    EXPECT_EQ(extents(bench, 1), (Box{-9, -9, 1.4, 0.9}));
+    bench.settings.PinNoStyle = 'A';
+    const Box all = extents(bench, 1);
+    EXPECT_EQ(all[0], -9);
+    EXPECT_EQ(all[1], -9);
+    EXPECT_NEAR(all[3], 0.75 + 2.4, 1e-12);
+    bench.settings.PinNoStyle = 'N';
+    EXPECT_EQ(extents(bench, 1), pads) << "no style prints nothing";
+
+    // Printed at a size on paper, the numbers double on the decal at half the scale; scaled with
+    // the decal they keep their size there until the smallest size on paper holds them up.
+    bench.settings.PinNoStyle = 'A';
+    EXPECT_NEAR(extents(bench, 0.5)[3], 0.75 + 4.8, 1e-12);
+    bench.settings.ScalePinNo = true;
+    EXPECT_NEAR(extents(bench, 0.5)[3], 0.75 + 2.4, 1e-12);
+    bench.settings.MinPinnoSize = 3.04;
+    EXPECT_NEAR(extents(bench, 0.5)[3], 0.75 + 4.8, 1e-12);
+
+    // Without a pen for pin numbers nothing is printed and nothing counts.
+    bench.settings.PenTable[0].colour[kPenPinNo] = kNotPlotted;
+    EXPECT_EQ(extents(bench, 1), pads);
+}
+
 }  // namespace
 }  // namespace zantor

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
+#include "common/errors.h"
+#include "core/font/font_builder.h"
 #include "core/plot/plot_test_support.h"
 #include "library/file_header.h"
 
@@ -213,6 +217,54 @@ TEST(DrawTextItems, NewerFilesPlaceTheJustifiedPointOfATextAtItsPosition) {
     PlotBench bench;
     DrawTextItems(bench.frame, ParseDecal(old), TinyFont(), ListingPage());
     EXPECT_EQ(bench.canvas.Lines(), (Lines{"move 100 200", "line 500 200 pen=000004/10/solid"}));
+}
+
+// The room a text takes on the decal is its measured extent from the point the text starts at,
+// turned and mirrored as it is drawn. With H6 19 at size 30.4 a font unit is one library unit:
+// "AA" measures one 8-bit advance (18) plus the last "A"'s ink (10) across and 20 high.
+TEST(TextExtents, MeasuredBoxFromTheTextsStartTurnedAndMirroredAsDrawn) {
+    StrokeFont font;
+    font.LoadBytes(test::SampleFont(19));
+    const auto extents = [&font](std::vector<std::string> lines) {
+        const int texts = static_cast<int>(lines.size() / 2);
+        DecalExtents e;
+        TextExtents(ParseDecal(MakeRecord(std::move(lines), 0, texts, 0)), font, e);
+        // To a millionth: the font's factors are not exact in binary.
+        const auto round = [](double v) { return std::round(v * 1e6) / 1e6; };
+        return e.Empty() ? std::vector<double>{}
+                         : std::vector<double>{round(e.xmin), round(e.ymin), round(e.xmax),
+                                               round(e.ymax)};
+    };
+    using Box = std::vector<double>;
+    EXPECT_EQ(extents({"5 7 0 1 30.4 0.1 N", "  AA "}), (Box{5, 7, 33, 27}));
+    // Turned by 90 degrees the text runs up and stands to the left of its baseline.
+    EXPECT_EQ(extents({"5 7 90 1 30.4 0.1 N", "AA"}), (Box{-15, 7, 5, 35}));
+    // Mirrored it runs to the left; half the size, half the room.
+    EXPECT_EQ(extents({"5 7 0 1 15.2 0.1 M", "AA"}), (Box{-9, 7, 5, 17}));
+    EXPECT_EQ(extents({"5 7 180 1 30.4 0.1 M", "AA"}), (Box{5, -13, 33, 7}));
+    // Two texts: the box of both.
+    EXPECT_EQ(extents({"0 0 0 1 30.4 0.1 N", "A", "-50 -60 0 1 30.4 0.1 N", "A"}),
+              (Box{-50, -60, 10, 20}));
+
+    // Title values and comments are not drawn on the decal, blank texts draw nothing: no room.
+    EXPECT_EQ(extents({"900 900 0 1 30.4 0.1 N", "$ HEIGHT 3.5", "900 900 0 30 30.4 0.1 N",
+                       "@@1 a comment line", "900 900 0 1 30.4 0.1 N", "   "}),
+              Box{});
+
+    // Newer files place the text by its justified point. Centred both ways and mirrored, "A" of
+    // the tiny font is drawn from x 6 (half its 10 units right of 1) and y 2 - 15.2, and measures
+    // 4 x 19 / 16 to the left, with no height.
+    DecalRecord justified = MakeRecord({"1 2 0 1 30.4 0.1 1 17 0 0 \"Default Font\"", "A"}, 0, 1);
+    justified.header = AnalyseHeader("*PADS-LIBRARY-PCB-DECALS-V9*");
+    DecalExtents e;
+    TextExtents(ParseDecal(justified), TinyFont(), e);
+    EXPECT_DOUBLE_EQ(e.xmin, 1.25);
+    EXPECT_DOUBLE_EQ(e.xmax, 6);
+    EXPECT_DOUBLE_EQ(e.ymin, -13.2);
+    EXPECT_DOUBLE_EQ(e.ymax, -13.2);
+
+    // A text whose header does not read fails the measuring as it fails the drawing.
+    EXPECT_THROW(extents({"5 x 0 1 30.4 0.1 N", "A"}), Error);
 }
 
 }  // namespace
