@@ -122,6 +122,54 @@ inline TracedPage TracePage(const std::vector<std::string>& lines) {
     return page;
 }
 
+// The box of every primitive drawn with the pen colour `colour` (as recorded, "0000FF"): a line
+// from the position before it, the box of an arc or rounded rectangle, a polygon's corners.
+inline std::vector<Box> InkBoxes(const std::vector<std::string>& lines, const std::string& colour) {
+    const std::string pen = "pen=" + colour + "/";
+    std::vector<Box> boxes;
+    double x = 0;
+    double y = 0;
+    for (const std::string& line : lines) {
+        std::istringstream in(line);
+        std::string op;
+        in >> op;
+        const bool ours = line.find(pen) != std::string::npos;
+        Box box;
+        if (op == "move" || op == "line") {
+            double nx = 0;
+            double ny = 0;
+            in >> nx >> ny;
+            box.Add(x, y);
+            box.Add(nx, ny);
+            x = nx;
+            y = ny;
+            if (op == "move") {
+                continue;
+            }
+        } else if (op == "arc" || op == "roundrect") {
+            double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+            in >> x1 >> y1 >> x2 >> y2;
+            box.Add(x1, y1);
+            box.Add(x2, y2);
+        } else if (op == "polygon") {
+            std::size_t count = 0;
+            in >> count;
+            for (std::size_t i = 0; i < count; ++i) {
+                double px = 0;
+                double py = 0;
+                in >> px >> py;
+                box.Add(px, py);
+            }
+        } else {
+            continue;
+        }
+        if (ours) {
+            boxes.push_back(box);
+        }
+    }
+    return boxes;
+}
+
 // What is wrong with the texts of a page: a text whose box a straight line crosses, two texts
 // whose boxes overlap, a text outside `frame`. One line per fault.
 inline std::vector<std::string> TextFaults(const TracedPage& page, const Box& frame) {
