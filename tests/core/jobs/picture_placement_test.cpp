@@ -1,10 +1,13 @@
 // Where the picture of a decal lands on the page: decals whose pads, finger pads, texts and pin
 // numbers reach far beyond their outline are printed through the whole job to a trace, and the
 // box of everything drawn in the decal's pens must lie inside the room the page gives the decal
-// and in its middle, on decal pages, in index cells and in the 1:1 view.
+// and in its middle, on decal pages, in index cells, in the 1:1 view and in the selection
+// dialog's view box.
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QPainter>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -15,6 +18,7 @@
 #include "font/font_location.h"
 #include "jobs/index_layout.h"
 #include "jobs/print_job.h"
+#include "jobs/screen_pages.h"
 #include "output/trace_target.h"
 #include "plot/decal_page.h"
 #include "support/page_test_support.h"
@@ -264,6 +268,44 @@ TEST(PicturePlacement, TheOneToOneViewCentresTheDecalLifeSizeInItsBox) {
         if (name == "BUZZER") {
             // From the lower finger's end 10 mm below the origin to the upper one's 12 mm above.
             EXPECT_NEAR(Height(picture), 22 * kUnitsPerMm, 2);
+        }
+    }
+    EXPECT_TRUE(bench.messages.Entries().empty());
+}
+
+// The selection dialog's view box keeps 10 pixels round the decal, which the decal job draws at
+// a whole scale and the index job fills the box with.
+TEST(PicturePlacement, TheViewBoxCentresTheDecalInsideItsBorder) {
+    PlacementBench bench;
+    const ScreenBox box{217, 301, 96, 96};
+    const QRect room(10, 10, box.width - 20, box.height - 20);
+    for (const PlotKind kind : {PlotKind::Decal, PlotKind::Index}) {
+        bench.context.PlotKind = kind;
+        for (const std::string& name : kDecals) {
+            QImage image(box.width, box.height, QImage::Format_RGB32);
+            image.fill(Qt::gray);
+            {
+                QPainter painter(&image);
+                const std::vector<std::string> selection = {name};
+                PaintViewBox(painter, box, bench.context, selection, bench.messages);
+            }
+            const std::string what = name + (kind == PlotKind::Index ? " (index)" : "");
+            const QRect picture =
+                test::InkIn(image, QRect(2, 2, box.width - 4, box.height - 4)).bounds;
+            ASSERT_FALSE(picture.isEmpty()) << what;
+            // Pixels of ink, not centre lines: a line's pen (0.1 mm at 65 : 1 for FINGERS) spreads
+            // half its width beyond the extents, which do not count widths.
+            EXPECT_TRUE(room.adjusted(-4, -4, 4, 4).contains(picture))
+                << what << " " << picture.left() << " " << picture.top() << " " << picture.right()
+                << " " << picture.bottom();
+            EXPECT_NEAR(picture.center().x(), room.center().x(), 3) << what;
+            EXPECT_NEAR(picture.center().y(), room.center().y(), 3) << what;
+            if (kind == PlotKind::Index) {
+                EXPECT_GE(std::max(picture.width() / double(room.width()),
+                                   picture.height() / double(room.height())),
+                          0.95)
+                    << what << " fills the box";
+            }
         }
     }
     EXPECT_TRUE(bench.messages.Entries().empty());
