@@ -8,11 +8,11 @@
 // How a page draws a decal, for example one of several decals of a parttype page, each fitted
 // into a box as an index cell is:
 //
-//     const Decal decal = ParseDecal(record);          // library/decal.h: once per record
+//     const Decal decal = ParseDecal(record);             // library/decal.h: once per record
 //     const DecalExtents body = ExtentsOf(decal, font);   // library units
-//     const auto [fit, extents] = FitWithPinNumbers(frame, decal, font, body,
-//         [&](const DecalExtents& e) {                  // jobs/index_layout.h
-//             return PlaceInBox(box, e, decal.unitFactor, settings);
+//     const auto [fit, extents] = FitWithPinNumbers(      // pin numbers at the scale found
+//         frame, decal, font, body, [&](const DecalExtents& e) {
+//             return PlaceInBox(box, e, decal.unitFactor, settings);   // jobs/index_layout.h
 //         });
 //     frame.Scale = fit.scale;                         // the frame's page placement as usual
 //     frame.UnitFactor = decal.unitFactor;
