@@ -34,35 +34,24 @@ struct AttributesRequest {
     PlotKind kind = PlotKind::Decal;
 };
 
-std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
+std::optional<std::string> ParseArguments(const CommandArguments& args,
                                           AttributesRequest& request) {
-    bool haveFile = false;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string option;
-        std::optional<std::string> value;
-        if (std::optional<std::string> problem = SplitOption(args, i, option, value)) {
-            return problem;
-        }
-        if (option == "--kind") {
-            if (*value == "decal") {
-                request.kind = PlotKind::Decal;
-            } else if (*value == "parttype") {
-                request.kind = PlotKind::Parttype;
-            } else {
-                return "--kind takes decal or parttype, not \"" + *value + "\"";
-            }
-        } else if (option.starts_with("-") && option.size() > 1) {
-            return "attributes has no option " + option;
-        } else if (haveFile) {
-            return "attributes takes one FILE";
+    for (const std::string& kind : args.Values("kind")) {
+        if (kind == "decal") {
+            request.kind = PlotKind::Decal;
+        } else if (kind == "parttype") {
+            request.kind = PlotKind::Parttype;
         } else {
-            request.file = option;
-            haveFile = true;
+            return "--kind takes decal or parttype, not \"" + kind + "\"";
         }
     }
-    if (!haveFile) {
+    if (args.Files().empty()) {
         return "attributes needs a FILE";
     }
+    if (args.Files().size() > 1) {
+        return "attributes takes one FILE";
+    }
+    request.file = args.Files().front();
     return std::nullopt;
 }
 
@@ -75,8 +64,9 @@ void WriteNames(const AttributeList& attributes, std::ostream& out) {
 
 }  // namespace
 
-int RunAttributesCommand(const std::vector<std::string>& args, std::ostream& out,
-                         std::ostream& err) {
+const std::vector<std::string> kAttributesCommandOptions = {"kind"};
+
+int RunAttributesCommand(const CommandArguments& args, std::ostream& out, std::ostream& err) {
     AttributesRequest request;
     if (std::optional<std::string> problem = ParseArguments(args, request)) {
         return ReportUsageError(err, *problem);

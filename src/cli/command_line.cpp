@@ -1,10 +1,14 @@
 #include "cli/command_line.h"
 
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QStringList>
 #include <algorithm>
 #include <iterator>
 #include <string_view>
 
 #include "cli/attributes_command.h"
+#include "cli/command_arguments.h"
 #include "cli/list_command.h"
 #include "cli/print_command.h"
 #include "common/errors.h"
@@ -26,6 +30,7 @@ constexpr const char* kHelpIntroduction =
 
 constexpr const char* kHelpEnd =
     "  --help, -h    Show this help.\n"
+    "  --version     Show the version of Zantor.\n"
     "\n"
     "Exit status: 0 when the command succeeded, 1 when it failed (the reason is\n"
     "written to standard error), 2 when the command line is wrong.\n";
@@ -38,22 +43,24 @@ constexpr const char* kInfoHelp =
     "                A damaged record (its body does not hold what its header counts)\n"
     "                ends the table marked DAMAGED, and the error names its line.\n";
 
-// A command gets the arguments after its name.
-using CommandRunner = int (*)(const std::vector<std::string>& args, std::ostream& out,
-                              std::ostream& err);
+// A command gets the arguments after its name, read for the options it names.
+using CommandRunner = int (*)(const CommandArguments& args, std::ostream& out, std::ostream& err);
 
 struct Command {
     std::string_view name;
-    const char* help;  // its lines of `zantor --help`
+    const char* help;                         // its lines of `zantor --help`
+    const std::vector<std::string>* options;  // its options that take a value, without "--"
     CommandRunner run;
 };
 
-int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    if (args.size() != 1) {
+const std::vector<std::string> kInfoOptions;
+
+int RunInfo(const CommandArguments& args, std::ostream& out, std::ostream& err) {
+    if (args.Files().size() != 1) {
         return ReportUsageError(err, "info takes one FILE");
     }
     try {
-        WriteFileSummary(args[0], out);
+        WriteFileSummary(args.Files().front(), out);
     } catch (const std::exception& error) {
         out.flush();
         return ReportFailure(err, error);
@@ -63,44 +70,34 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 
 // The commands in the order of the help text.
 const Command kCommands[] = {
-    {"attributes", kAttributesCommandHelp, RunAttributesCommand},
-    {"info", kInfoHelp, RunInfo},
-    {"list", kListCommandHelp, RunListCommand},
-    {"print", kPrintCommandHelp, RunPrintCommand},
+    {"attributes", kAttributesCommandHelp, &kAttributesCommandOptions, RunAttributesCommand},
+    {"info", kInfoHelp, &kInfoOptions, RunInfo},
+    {"list", kListCommandHelp, &kListCommandOptions, RunListCommand},
+    {"print", kPrintCommandHelp, &kPrintCommandOptions, RunPrintCommand},
 };
 
-bool IsHelp(const std::string& arg) {
-    return arg == "--help" || arg == "-h";
-}
-
-void WriteHelp(std::ostream& out) {
+int WriteHelp(std::ostream& out) {
     out << kHelpIntroduction;
     for (const Command& command : kCommands) {
         out << command.help;
     }
     out << kHelpEnd;
+    return kExitOk;
+}
+
+int RunCommand(const Command& command, const std::vector<std::string>& args, std::ostream& out,
+               std::ostream& err) {
+    CommandArguments arguments(std::string(command.name), *command.options);
+    if (const std::optional<std::string> problem = arguments.Parse(args)) {
+        return ReportUsageError(err, *problem);
+    }
+    if (arguments.HelpAsked()) {
+        return WriteHelp(out);
+    }
+    return command.run(arguments, out, err);
 }
 
 }  // namespace
-
-std::optional<std::string> SplitOption(const std::vector<std::string>& args, std::size_t& i,
-                                       std::string& option, std::optional<std::string>& value) {
-    option = args[i];
-    value.reset();
-    if (!option.starts_with("--")) {
-        return std::nullopt;
-    }
-    const std::size_t equals = option.find('=');
-    if (equals != std::string::npos) {
-        value = option.substr(equals + 1);
-        option.resize(equals);
-    } else if (i + 1 < args.size()) {
-        value = args[++i];
-    } else {
-        return option + " needs a value";
-    }
-    return std::nullopt;
-}
 
 int ReportUsageError(std::ostream& err, const std::string& problem) {
     err << "zantor: " << problem << '\n' << kUsage;
@@ -122,18 +119,46 @@ bool NamesCommand(const std::string& word) {
 }
 
 int RunCommandLine(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    if (args.empty()) {
-        return ReportUsageError(err, "no command given");
+    // The program's own options come before the command; everything from the command on is the
+    // command's.
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(QStringLiteral("version"));
+    parser.addOption(help);
+    parser.addOption(version);
+    QStringList arguments{QStringLiteral("zantor")};
+    for (const std::string& arg : args) {
+        arguments.append(QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size())));
     }
-    if (std::any_of(args.begin(), args.end(), IsHelp)) {
-        WriteHelp(out);
+    if (!parser.parse(arguments)) {
+        const QStringList unknown = parser.unknownOptionNames();
+        if (!unknown.isEmpty()) {
+            const std::string name = unknown.front().toStdString();
+            return ReportUsageError(
+                err, "unknown option " + std::string(name.size() == 1 ? "-" : "--") + name);
+        }
+        return ReportUsageError(err, parser.errorText().toStdString());
+    }
+    if (parser.isSet(help)) {
+        return WriteHelp(out);
+    }
+    if (parser.isSet(version)) {
+        out << "zantor " << ZANTOR_VERSION << '\n';
         return kExitOk;
     }
-    const std::string& name = args[0];
+    const qsizetype commandArgs = parser.positionalArguments().size();
+    if (commandArgs == 0) {
+        return ReportUsageError(err, "no command given");
+    }
+    // The command and its arguments are the last ones, as given.
+    const auto first = args.end() - commandArgs;
+    const std::string& name = *first;
     for (const Command& command : kCommands) {
         if (command.name == name) {
-            return command.run(std::vector<std::string>(std::next(args.begin()), args.end()), out,
-                               err);
+            return RunCommand(command, std::vector<std::string>(std::next(first), args.end()), out,
+                              err);
         }
     }
     return ReportUsageError(err, "unknown command \"" + name + "\"");

@@ -83,48 +83,39 @@ std::string AsSearchBoxText(std::string text) {
 }
 
 // Fills `request` from the arguments; the problem of a wrong command line otherwise.
-std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
-                                          ListRequest& request) {
-    bool haveFile = false;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string option;
-        std::optional<std::string> value;
-        if (std::optional<std::string> problem = SplitOption(args, i, option, value)) {
-            return problem;
+std::optional<std::string> ParseArguments(const CommandArguments& args, ListRequest& request) {
+    for (const std::string& value : args.Values("kind")) {
+        std::optional<PlotKind> kind = KindOf(value);
+        if (!kind) {
+            return "--kind takes decal, index or parttype, not \"" + value + "\"";
         }
-        if (option == "--kind") {
-            std::optional<PlotKind> kind = KindOf(*value);
-            if (!kind) {
-                return "--kind takes decal, index or parttype, not \"" + *value + "\"";
-            }
-            request.kind = *kind;
-        } else if (option == "--search") {
-            request.filters.searchText = AsSearchBoxText(*value);
-        } else if (option == "--pins") {
-            if (!SmallNumber(*value, 65535)) {
-                return "--pins takes a terminal count from 0 to 65535, not \"" + *value + "\"";
-            }
-            request.filters.pinCountText = *value;
-            request.pinsGiven = true;
-        } else if (option == "--contents") {
-            std::optional<int> filter = SmallNumber(*value, 6);
-            if (!filter) {
-                return "--contents takes a number from 0 to 6, not \"" + *value + "\"";
-            }
-            request.filters.contentsFilter = *filter;
-            request.contentsGiven = true;
-        } else if (option.starts_with("-") && option.size() > 1) {
-            return "list has no option " + option;
-        } else if (haveFile) {
-            return "list takes one FILE";
-        } else {
-            request.file = option;
-            haveFile = true;
-        }
+        request.kind = *kind;
     }
-    if (!haveFile) {
+    for (const std::string& value : args.Values("search")) {
+        request.filters.searchText = AsSearchBoxText(value);
+    }
+    for (const std::string& value : args.Values("pins")) {
+        if (!SmallNumber(value, 65535)) {
+            return "--pins takes a terminal count from 0 to 65535, not \"" + value + "\"";
+        }
+        request.filters.pinCountText = value;
+        request.pinsGiven = true;
+    }
+    for (const std::string& value : args.Values("contents")) {
+        std::optional<int> filter = SmallNumber(value, 6);
+        if (!filter) {
+            return "--contents takes a number from 0 to 6, not \"" + value + "\"";
+        }
+        request.filters.contentsFilter = *filter;
+        request.contentsGiven = true;
+    }
+    if (args.Files().empty()) {
         return "list needs a FILE";
     }
+    if (args.Files().size() > 1) {
+        return "list takes one FILE";
+    }
+    request.file = args.Files().front();
     if (request.kind == PlotKind::Parttype && request.pinsGiven) {
         return "--pins filters decals; parttypes are filtered with --contents";
     }
@@ -136,7 +127,9 @@ std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
 
 }  // namespace
 
-int RunListCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+const std::vector<std::string> kListCommandOptions = {"kind", "search", "pins", "contents"};
+
+int RunListCommand(const CommandArguments& args, std::ostream& out, std::ostream& err) {
     ListRequest request;
     if (std::optional<std::string> problem = ParseArguments(args, request)) {
         return ReportUsageError(err, *problem);

@@ -75,60 +75,50 @@ struct PrintRequest {
 };
 
 // Fills `request` from the arguments; the problem of a wrong command line otherwise.
-std::optional<std::string> ParseArguments(const std::vector<std::string>& args,
-                                          PrintRequest& request) {
-    bool haveFile = false;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string option;
-        std::optional<std::string> givenValue;
-        if (std::optional<std::string> problem = SplitOption(args, i, option, givenValue)) {
-            return problem;
-        }
-        const std::string value = givenValue.value_or("");
-        if (option == "--kind") {
-            if (value == "decal") {
-                request.kind = PlotKind::Decal;
-            } else if (value == "index") {
-                request.kind = PlotKind::Index;
-            } else if (value == "parttype") {
-                request.kind = PlotKind::Parttype;
-            } else {
-                return "--kind takes decal, index or parttype, not \"" + value + "\"";
-            }
-        } else if (option == "--select") {
-            request.selection.push_back(value);
-        } else if (option == "--decal-lib") {
-            if (value.empty()) {
-                return "--decal-lib needs the path of a decal library";
-            }
-            request.decalLibraries.push_back(value);
-        } else if (option == "--output") {
-            if (!FileOutputKind(value)) {
-                return "--output takes a .pdf, .svg, .png or .trace file, not \"" + value + "\"";
-            }
-            request.output = value;
-        } else if (option == "--printer") {
-            if (value.empty()) {
-                return "--printer needs the name of a print queue";
-            }
-            request.printer = value;
-        } else if (option == "--paper") {
-            request.paper = ParsePaperSize(value);
-            if (!request.paper) {
-                return "--paper takes A4, A3, Letter or Legal, not \"" + value + "\"";
-            }
-        } else if (option.starts_with("-") && option.size() > 1) {
-            return "print has no option " + option;
-        } else if (haveFile) {
-            return "print takes one FILE";
+std::optional<std::string> ParseArguments(const CommandArguments& args, PrintRequest& request) {
+    for (const std::string& value : args.Values("kind")) {
+        if (value == "decal") {
+            request.kind = PlotKind::Decal;
+        } else if (value == "index") {
+            request.kind = PlotKind::Index;
+        } else if (value == "parttype") {
+            request.kind = PlotKind::Parttype;
         } else {
-            request.file = option;
-            haveFile = true;
+            return "--kind takes decal, index or parttype, not \"" + value + "\"";
         }
     }
-    if (!haveFile) {
+    request.selection = args.Values("select");
+    for (const std::string& value : args.Values("decal-lib")) {
+        if (value.empty()) {
+            return "--decal-lib needs the path of a decal library";
+        }
+        request.decalLibraries.push_back(value);
+    }
+    for (const std::string& value : args.Values("output")) {
+        if (!FileOutputKind(value)) {
+            return "--output takes a .pdf, .svg, .png or .trace file, not \"" + value + "\"";
+        }
+        request.output = value;
+    }
+    for (const std::string& value : args.Values("printer")) {
+        if (value.empty()) {
+            return "--printer needs the name of a print queue";
+        }
+        request.printer = value;
+    }
+    for (const std::string& value : args.Values("paper")) {
+        request.paper = ParsePaperSize(value);
+        if (!request.paper) {
+            return "--paper takes A4, A3, Letter or Legal, not \"" + value + "\"";
+        }
+    }
+    if (args.Files().empty()) {
         return "print needs a FILE";
     }
+    if (args.Files().size() > 1) {
+        return "print takes one FILE";
+    }
+    request.file = args.Files().front();
     if (request.output && request.printer) {
         return "print writes to --output or to --printer, not to both";
     }
@@ -327,7 +317,10 @@ int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) 
 
 }  // namespace
 
-int RunPrintCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+const std::vector<std::string> kPrintCommandOptions = {"kind",   "select",  "decal-lib",
+                                                       "output", "printer", "paper"};
+
+int RunPrintCommand(const CommandArguments& args, std::ostream& out, std::ostream& err) {
     PrintRequest request;
     if (std::optional<std::string> problem = ParseArguments(args, request)) {
         return ReportUsageError(err, *problem);

@@ -7,14 +7,18 @@
 #include <string>
 #include <vector>
 
+#include "cli/command_arguments.h"
+
 namespace zantor {
 
 // The lines of `zantor --help` that describe the command.
 extern const char* const kPrintCommandHelp;
 
+// Its options that take a value.
+extern const std::vector<std::string> kPrintCommandOptions;
 // `args` are the arguments after "print". The files written go to `out`, one per line; messages
 // to `err`, and the progress too when `err` is the program's standard error and that is a
 // terminal. Returns the exit status.
-int RunPrintCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunPrintCommand(const CommandArguments& args, std::ostream& out, std::ostream& err);
 
 }  // namespace zantor

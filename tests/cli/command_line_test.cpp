@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <string>
 
 #include "run_zantor.h"
@@ -29,6 +31,44 @@ TEST(CommandLine, HelpAndUsageErrors) {
                        {{"plot", "x.d"}, "unknown command \"plot\""},
                        {{"info"}, "info takes one FILE"},
                        {{"info", "a.d", "b.d"}, "info takes one FILE"}});
+}
+
+TEST(CommandLine, VersionAndOptionForms) {
+    const Outcome version = Zantor({"--version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.err, "");
+    EXPECT_TRUE(version.out.starts_with("zantor ")) << version.out;
+    EXPECT_EQ(std::count(version.out.begin(), version.out.end(), '.'), 2) << version.out;
+    EXPECT_NE(Zantor({"--help"}).out.find("  --version "), std::string::npos);
+
+    // A value given with "=", a long option with one dash, and "--" before a file whose name
+    // starts with a dash all reach the command as the plain form does.
+    TempDir dir;
+    const auto file = dir.Path() / "-odd.d";
+    std::filesystem::copy_file(Sample(), file);
+    const std::string plain = Zantor({"list", file.string(), "--kind", "decal"}).out;
+    EXPECT_NE(plain, "");
+    EXPECT_EQ(Zantor({"list", file.string(), "--kind=decal"}).out, plain);
+    EXPECT_EQ(Zantor({"list", "-kind", "decal", file.string()}).out, plain);
+    const std::filesystem::path cwd = std::filesystem::current_path();
+    std::filesystem::current_path(dir.Path());
+    EXPECT_EQ(Zantor({"list", "--", "-odd.d"}).out, plain);
+    std::filesystem::current_path(cwd);
+    // The last of a repeated option counts, and each is checked.
+    EXPECT_EQ(Zantor({"list", file.string(), "--kind", "parttype", "--kind", "decal"}).out, plain);
+
+    // Help after a command, and usage errors about the forms themselves.
+    EXPECT_EQ(Zantor({"list", file.string(), "--help"}).out, Zantor({"--help"}).out);
+    ExpectUsageErrors({
+        {{"--colour"}, "unknown option --colour"},
+        {{"list", "a.d", "-x"}, "list has no option -x"},
+        {{"list", "a.d", "--colour=red"}, "list has no option --colour"},
+        {{"list", "a.d", "--help=yes"}, "--help takes no value"},
+        {{"print", "a.d", "--output"}, "--output needs a value"},
+        {{"list", "a.d", "--kind", "sheet", "--kind", "decal"},
+         "--kind takes decal, index or parttype, not \"sheet\""},
+        {{"info", "--kind", "decal", "a.d"}, "info has no option --kind"},
+    });
 }
 
 TEST(InfoCommand, ListsEveryDecalRecordWithItsCounts) {
