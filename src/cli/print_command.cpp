@@ -16,6 +16,7 @@
 #include "cli/output_guard.h"
 #include "cli/stream_messages.h"
 #include "cli/terminal.h"
+#include "cli/terminal_progress.h"
 #include "common/errors.h"
 #include "jobs/plot_context.h"
 #include "jobs/print_job.h"
@@ -54,7 +55,9 @@ const char* const kPrintCommandHelp =
     "                                 output; none is left half-written.\n"
     "                --printer QUEUE  print on a printer of the system, on its paper\n"
     "                --paper SIZE     the paper of --output files (default A4)\n"
-    "                Progress is shown on standard error when it is a terminal.\n"
+    "                Progress (count, name, bar, time left) is shown on standard\n"
+    "                error when it is a terminal; Ctrl-C stops the print (status\n"
+    "                130) and leaves no file and sends no half document.\n"
     "                FILE must be a source of the kind by its first line: a decal\n"
     "                library or PCB file for decals, a parttype library or PCB file\n"
     "                for parttypes. A --select NAME the list does not hold stops the\n"
@@ -179,35 +182,6 @@ class GuiSession {
     std::unique_ptr<QGuiApplication> app_;
 };
 
-// The progress window's label and bar, as one line of a terminal that is written over.
-class TerminalProgress : public PrintProgress {
-  public:
-    explicit TerminalProgress(std::ostream& err) : err_(err) {}
-
-    void Started(int total) override { total_ = total; }
-    void Looking(const std::string& name) override {
-        ++item_;
-        Show("Printing " + std::to_string(item_) + " of " + std::to_string(total_) + ": " + name);
-    }
-    void Position(int /*printed*/) override {}
-    void Finished(const std::string& text) override {
-        Show(text);
-        err_ << '\n' << std::flush;
-    }
-
-  private:
-    void Show(const std::string& text) {
-        const std::size_t blanks = shown_ > text.size() ? shown_ - text.size() : 0;
-        err_ << '\r' << text << std::string(blanks, ' ') << std::flush;
-        shown_ = text.size();
-    }
-
-    std::ostream& err_;
-    int total_ = 0;
-    int item_ = 0;
-    std::size_t shown_ = 0;
-};
-
 // The names to print: the catalogue's, or those of them that were asked for, in its order.
 // Asked-for names the catalogue does not list are reported; the result is then empty.
 std::optional<std::vector<std::string>> SelectedNames(const Catalogue& catalogue,
@@ -298,7 +272,7 @@ int RunPrint(const PrintRequest& request, std::ostream& out, std::ostream& err) 
 
     std::optional<TerminalProgress> progress;
     if (&err == &std::cerr && StandardErrorIsTerminal()) {
-        progress.emplace(err);
+        progress.emplace(err, StandardErrorWidth());
     }
     PrintJob job(context, *target, messages);
     const PrintSummary summary = job.PrintDecals(*names, progress ? &*progress : nullptr);

@@ -88,14 +88,18 @@ void Describe(const std::string& name, const std::string& bytes, const PdfDescri
 // report by the exit status. The child never opens the file by name, so that a temporary file
 // the parent has removed (an interrupted run) is not created again. Whatever goes wrong in here,
 // an exception, an abort inside qpdf, ends only the child.
-[[noreturn]] void RewriteInChild(int fd, const std::string& name,
+[[noreturn]] void RewriteInChild([[maybe_unused]] pid_t parent, int fd, const std::string& name,
                                  const PdfDescription& description) {
     // Interrupts end the child plainly: the parent cleans up after itself.
     for (const int signalNumber : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         signal(signalNumber, SIG_DFL);
     }
 #if defined(__linux__)
+    // The child goes with the program, also when that is ended by a signal it cannot catch.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) {
+        _exit(1);
+    }
 #endif
     // A child that aborts leaves no core file and says nothing on the program's terminal.
     const struct rlimit noCore = {0, 0};
@@ -148,9 +152,10 @@ bool AddPdfOutline(const std::filesystem::path& path, const PdfDescription& desc
     if (fd < 0) {
         return false;
     }
+    const pid_t parent = getpid();
     const pid_t child = fork();
     if (child == 0) {
-        RewriteInChild(fd, path.native(), description);
+        RewriteInChild(parent, fd, path.native(), description);
     }
     close(fd);
     if (child < 0) {
