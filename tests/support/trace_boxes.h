@@ -52,7 +52,6 @@ struct TracedSegment {
 struct TracedPage {
     std::vector<TracedText> texts;
     std::vector<TracedSegment> segments;
-    Box ink;  // every point a line, arc box, rectangle or polygon reaches (not the texts)
 };
 
 // The quoted text of a recorded line, unescaped, and what follows the closing quote.
@@ -83,25 +82,9 @@ inline TracedPage TracePage(const std::vector<std::string>& lines) {
             in >> nx >> ny;
             if (op == "line") {
                 page.segments.push_back({x, y, nx, ny});
-                page.ink.Add(x, y);
-                page.ink.Add(nx, ny);
             }
             x = nx;
             y = ny;
-        } else if (op == "arc" || op == "roundrect") {
-            double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-            in >> x1 >> y1 >> x2 >> y2;
-            page.ink.Add(x1, y1);
-            page.ink.Add(x2, y2);
-        } else if (op == "polygon") {
-            std::size_t count = 0;
-            in >> count;
-            for (std::size_t i = 0; i < count; ++i) {
-                double px = 0;
-                double py = 0;
-                in >> px >> py;
-                page.ink.Add(px, py);
-            }
         } else if (op.starts_with("text")) {
             double tx = 0, top = 0, height = 0;
             in >> tx >> top >> height;

@@ -13,9 +13,9 @@
 #include "font/font_location.h"
 #include "jobs/print_job.h"
 #include "plot/recording_canvas.h"
-#include "setup_test_support.h"
 #include "shell/attribute_store.h"
 #include "shell/decal_lib_list.h"
+#include "shell/settings_io.h"
 #include "ui/choice_group.h"
 #include "ui/colour_cells.h"
 #include "ui/decal_lib_list.h"
@@ -24,6 +24,7 @@
 #include "ui/numeric_edit.h"
 #include "ui/options_setup.h"
 #include "ui/paper_setup.h"
+#include "ui_test_support.h"
 
 namespace zantor::test {
 namespace {
@@ -41,6 +42,16 @@ W& Find(QWidget& dialog, const char* name) {
 void Click(QWidget& dialog, const char* button) {
     Find<QPushButton>(dialog, button).click();
 }
+
+class SetupDialogTest : public WindowTest {
+  protected:
+    // The settings of `kind` as a fresh load from the store gives them.
+    static PlotSettings Stored(PlotKind kind) {
+        PlotSettings settings;
+        LoadSettings(settings, kind, SettingsStore::OpenMain());
+        return settings;
+    }
+};
 
 class DecalSetupTest : public SetupDialogTest {
   protected:
@@ -319,13 +330,13 @@ TEST_F(LibListTest, AddsEachDecalLibraryOnceAndOkReplacesTheStoredList) {
     const auto library = config_.WriteFile("new.d", "*PADS-LIBRARY-PCB-DECALS-V4*\n");
     const auto parttypes = config_.WriteFile("x.p", "7400 DIP14 I TTL 0 1 0 0\n");
     const QString path = QString::fromStdString(library.string());
-    dialogs.answers = {path, path, QString::fromStdString(parttypes.string())};
+    dialogs.openAnswers = {path, path, QString::fromStdString(parttypes.string())};
     TDecalLibList dialog(context, dialogs, messages);
     dialog.show();
     for (int i = 0; i < 3; ++i) {
         Click(dialog, "btnAddLib");
     }
-    EXPECT_EQ(dialogs.lastFilters, "Decal ASCII-file (*.d)");
+    EXPECT_EQ(dialogs.openFilters, "Decal ASCII-file (*.d)");
     auto& list = Find<QListWidget>(dialog, "LibList");
     list.setCurrentRow(1);
     Click(dialog, "btnLibUp");
@@ -417,10 +428,10 @@ TEST_F(GeneralDialogsTest, FontFileIsTrimmedOnOkAndTheSettingsAreWrittenEitherWa
     EXPECT_EQ(stored.Fontfile, "/opt/pads/romansim.fnt");
     EXPECT_EQ(stored.Company, "Brovik");
 
-    dialogs.answers = {QString("/usr/share/fonts/romansim.fnt")};
+    dialogs.openAnswers = {QString("/usr/share/fonts/romansim.fnt")};
     Click(dialog, "btnBrowse");
     EXPECT_EQ(dialog.FileName(), "/usr/share/fonts/romansim.fnt");
-    EXPECT_EQ(dialogs.lastFilters, "PADS font file (*.fnt);;(any file) (*.*)");
+    EXPECT_EQ(dialogs.openFilters, "PADS font file (*.fnt);;(any file) (*.*)");
 }
 
 }  // namespace

@@ -24,10 +24,6 @@
 namespace zantor::test {
 
 inline QApplication& UiApp() {
-    // The setup dialogs' tests in the same program may have made it first.
-    if (auto* existing = qobject_cast<QApplication*>(QCoreApplication::instance())) {
-        return *existing;
-    }
     static int argc = 1;
     static char name[] = "zantor_ui_tests";
     static char* argv[] = {name, nullptr};
