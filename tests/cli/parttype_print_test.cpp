@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -20,11 +19,6 @@ namespace {
 
 std::string Parts(const std::string& name) {
     return (DataDir() / "library" / "parttype" / name).string();
-}
-
-std::string FileText(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 class ParttypePrint : public SettingsTest {
@@ -66,7 +60,7 @@ TEST_F(ParttypePrint, StoredLibraryListAndPcbFilesToTrace) {
     Outcome run = Zantor({"print", Parts("cli_parts.p"), "--kind", "parttype", "--select", "LM358",
                           "--output", trace.string()});
     EXPECT_EQ(run.status, 0) << run.err;
-    std::string text = FileText(trace);
+    std::string text = ReadFileText(trace);
     EXPECT_NE(text.find("\"1   OF  1\""), std::string::npos);
     // Only NOSUCHDECAL is missing, and with two decal cells it has none.
     EXPECT_EQ(text.find("not in the decal library list"), std::string::npos);
@@ -77,7 +71,7 @@ TEST_F(ParttypePrint, StoredLibraryListAndPcbFilesToTrace) {
     run = Zantor(
         {"print", Parts("v2005_board.asc"), "--kind", "parttype", "--output", board.string()});
     EXPECT_EQ(run.status, 0) << run.err;
-    text = FileText(board);
+    text = ReadFileText(board);
     for (const char* name : {"\"RELAY\"", "\"DIODE\"", "\"RLY5\"", "\"GND\"",
                              "\"not in the decals of the PCB file\"", "\"PCB:\""}) {
         EXPECT_NE(text.find(name), std::string::npos) << name;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <stdexcept>
 
@@ -21,6 +22,11 @@ std::filesystem::path DataDir() {
 
 std::filesystem::path SourceDir() {
     return FromEnv("ZANTOR_SOURCE_DIR", ZANTOR_SOURCE_ROOT);
+}
+
+std::string ReadFileText(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 TempDir::TempDir() {

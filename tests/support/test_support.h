@@ -11,6 +11,8 @@ namespace zantor::test {
 std::filesystem::path DataDir();
 // The repository root.
 std::filesystem::path SourceDir();
+// The bytes of `file`; empty when it cannot be read.
+std::string ReadFileText(const std::filesystem::path& file);
 
 // A fresh temporary folder, removed with the object.
 class TempDir {

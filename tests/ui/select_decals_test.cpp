@@ -8,8 +8,6 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
-#include <fstream>
-#include <iterator>
 
 #include "ui/name_export.h"
 #include "ui/select_decals.h"
@@ -159,9 +157,7 @@ TEST_F(SelectDecals, ExportWritesTheSelectedNamesWithCrLfAfterTheQuestion) {
     dialogs.saveAnswers = {QString::fromStdString(out.string())};
     messages.QueueYesNo(true);
     QTest::mouseClick(exportButton, Qt::LeftButton);
-    std::ifstream in(out, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(bytes, "SO8\r\nHDR2X5\r\n");
+    EXPECT_EQ(test::ReadFileText(out), "SO8\r\nHDR2X5\r\n");
     EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Export 2 names?", "Export 2 names?"}));
 
     // No name selected: an empty file after "Export 0 names?"; a cancelled save asks nothing.

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -16,13 +14,14 @@
 #include "hershey2fnt/hershey_font.h"
 #include "shell/default_font.h"
 #include "support/recording_messages.h"
+#include "support/test_support.h"
 
 namespace zantor {
 namespace {
 
 std::vector<std::uint8_t> ReadBytes(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const std::string text = test::ReadFileText(path);
+    return {text.begin(), text.end()};
 }
 
 // The copy of data/fonts/romans.fnt the build tree holds next to the executables: the file the
@@ -81,9 +80,7 @@ TEST(BundledFont, IsWhatTheConverterMakesOfRomanSimplex) {
     if (!std::filesystem::exists(source)) {
         GTEST_SKIP() << "hershey-fonts-data is not installed";
     }
-    std::ifstream in(source, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    EXPECT_EQ(hershey::ConvertJhf(text), ReadBytes(BundledFontFile()));
+    EXPECT_EQ(hershey::ConvertJhf(test::ReadFileText(source)), ReadBytes(BundledFontFile()));
 }
 
 #if !defined(_WIN32)

@@ -10,11 +10,11 @@
 #include <QImage>
 #include <QPainter>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "core/jobs/job_test_support.h"
 #include "font/font_location.h"
 #include "jobs/parttype_decals.h"
 #include "jobs/screen_pages.h"
@@ -26,69 +26,23 @@ namespace zantor {
 namespace {
 
 using Texts = std::vector<std::string>;
+using test::HasText;
+using test::RecordedProgress;
+using test::SampleLibrary;
+using test::TracePages;
+
+// A parttype command that lists two of the attributes it holds.
+struct Command : test::Command {
+    explicit Command(const std::filesystem::path& input)
+        : test::Command(input, PlotKind::Parttype) {
+        context.PlotSettings.PrintAttr = true;
+        context.AttributeList = {{"Value", true}, {"Tolerance", true}, {"Cost", false}};
+    }
+};
 
 std::filesystem::path Parttypes(const std::string& name) {
     return test::DataDir() / "library" / "parttype" / name;
 }
-
-std::filesystem::path SampleLibrary() {
-    return test::SourceDir() / "data" / "samples" / "sample.d";
-}
-
-struct Command {
-    PlotContext context;
-    RecordingMessages messages;
-
-    explicit Command(const std::filesystem::path& input) {
-        test::App();
-        context.PlotKind = PlotKind::Parttype;
-        context.PlotSettings.Inputfile = input.string();
-        context.PlotSettings.PrintAttr = true;
-        context.AttributeList = {{"Value", true}, {"Tolerance", true}, {"Cost", false}};
-        EXPECT_TRUE(context.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages));
-    }
-
-    PrintSummary Print(PageOutput& target, const Texts& names, PrintProgress* progress = nullptr) {
-        PrintJob job(context, target, messages);
-        job.PlotDate = "22.11.2026";
-        return job.PrintDecals(names, progress);
-    }
-};
-
-// The pages of a trace file, each the text of its drawing lines.
-std::vector<std::string> TracePages(const std::filesystem::path& file) {
-    std::ifstream in(file);
-    std::vector<std::string> pages;
-    for (std::string line; std::getline(in, line);) {
-        if (line.starts_with("page ")) {
-            pages.emplace_back();
-        } else if (!pages.empty()) {
-            pages.back() += line + "\n";
-        }
-    }
-    return pages;
-}
-
-bool HasText(const std::string& page, const std::string& text) {
-    return page.find("\"" + text + "\"") != std::string::npos;
-}
-
-class RecordedProgress : public PrintProgress {
-  public:
-    void Started(int total) override { events.push_back("started " + std::to_string(total)); }
-    void Looking(const std::string& name) override { events.push_back("looking " + name); }
-    void Position(int printed) override {
-        events.push_back("position " + std::to_string(printed));
-        if (printed == abortAt && target != nullptr) {
-            target->Abort();
-        }
-    }
-    void Finished(const std::string& text) override { events.push_back("finished " + text); }
-
-    Texts events;
-    PageOutput* target = nullptr;
-    int abortAt = -1;
-};
 
 TEST(ParttypeRun, PagesNumberedOverTheRunWithDecalsFromTheLibraryList) {
     Command command(Parttypes("cli_parts.p"));

@@ -7,19 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "support/test_support.h"
 
 namespace zantor {
 namespace {
-
-std::string Bytes(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 class PrintCommandSetup : public ::testing::Test {
   protected:
@@ -44,7 +37,7 @@ class PrintCommandSetup : public ::testing::Test {
 };
 
 TEST_F(PrintCommandSetup, LoadsTheKindsSettingsItsAttributesAndTheFontAndSavesWhenAsked) {
-    const std::string before = Bytes(mainFile_);
+    const std::string before = test::ReadFileText(mainFile_);
     SettingsStore main(mainFile_);
     const SettingsStore zantor(zantorFile_);
     PlotContext context;
@@ -54,7 +47,7 @@ TEST_F(PrintCommandSetup, LoadsTheKindsSettingsItsAttributesAndTheFontAndSavesWh
     EXPECT_EQ(context.PlotSettings.Inputfile, "/libs/new.d");
     EXPECT_EQ(context.AttributeList, (AttributeList{{"Value", true}, {"Description", false}}));
     EXPECT_FALSE(context.StrokeFont.Empty());
-    EXPECT_EQ(Bytes(mainFile_), before);
+    EXPECT_EQ(test::ReadFileText(mainFile_), before);
 
     // The index kind has its own section and lists no attributes: the list in hand stays.
     ASSERT_TRUE(PreparePrintCommand(context, PlotKind::Index, "/libs/other.d", main, zantor, &main,

@@ -11,12 +11,12 @@
 #include <QPainter>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "common/errors.h"
+#include "core/jobs/job_test_support.h"
 #include "font/font_location.h"
 #include "jobs/screen_pages.h"
 #include "library/decal_reader.h"
@@ -32,74 +32,14 @@ namespace zantor {
 namespace {
 
 using test::App;
+using test::Command;
+using test::HasText;
+using test::RecordedProgress;
+using test::SampleLibrary;
+using test::TracePages;
 
 const std::vector<std::string> kSampleDecals = {"DIP8",  "SO8",    "R0603",
                                                 "TO220", "HDR2X5", "SOT223"};
-
-std::filesystem::path SampleLibrary() {
-    return test::SourceDir() / "data" / "samples" / "sample.d";
-}
-
-// What the program holds for a print command: settings for `input`, the bundled font.
-struct Command {
-    PlotContext context;
-    RecordingMessages messages;
-
-    explicit Command(const std::filesystem::path& input, PlotKind kind = PlotKind::Decal) {
-        App();
-        context.PlotKind = kind;
-        context.PlotSettings.Inputfile = input.string();
-        EXPECT_TRUE(context.StrokeFont.Load(ResolveFontfile("romans.fnt").string(), messages));
-    }
-
-    PrintSummary Print(PageOutput& target, const std::vector<std::string>& names,
-                       PrintProgress* progress = nullptr) {
-        PrintJob job(context, target, messages);
-        job.PlotDate = "22.11.2026";
-        return job.PrintDecals(names, progress);
-    }
-};
-
-std::string FileText(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-// The pages of a trace file, each the text of its drawing lines.
-std::vector<std::string> TracePages(const std::filesystem::path& file) {
-    std::istringstream in(FileText(file));
-    std::vector<std::string> pages;
-    std::string line;
-    while (std::getline(in, line)) {
-        if (line.starts_with("page ")) {
-            pages.emplace_back();
-        } else if (!pages.empty()) {
-            pages.back() += line + "\n";
-        }
-    }
-    return pages;
-}
-
-bool HasText(const std::string& page, const std::string& text) {
-    return page.find("\"" + text + "\"") != std::string::npos;
-}
-
-class RecordedProgress : public PrintProgress {
-  public:
-    void Started(int total) override { events.push_back("started " + std::to_string(total)); }
-    void Looking(const std::string& name) override { events.push_back("looking " + name); }
-    void Position(int printed) override {
-        events.push_back("position " + std::to_string(printed));
-        if (printed == abortAt && target != nullptr) {
-            target->Abort();
-        }
-    }
-    void Finished(const std::string& text) override { events.push_back("finished " + text); }
-
-    std::vector<std::string> events;
-    PageOutput* target = nullptr;
-    int abortAt = -1;
-};
 
 // A one-line decal of `width` mm: it fits the A4 drawing area (152 mm across between the
 // borders, 142 mm high) at 152 / width.
@@ -405,9 +345,10 @@ TEST(PrintJobPcb, OnePassFindsWhatASearchFromTheStartFindsForEveryName) {
             TraceTarget target(restarted, PaperSize::A4, DocumentFiles::Single);
             PrintSearchingFromTheStart(command, target, c.names);
         }
-        const std::string traced = FileText(once);
+        const std::string traced = test::ReadFileText(once);
         EXPECT_GT(traced.size(), 1000u) << c.file;
-        EXPECT_EQ(traced, FileText(restarted)) << c.file << " kind " << static_cast<int>(c.kind);
+        EXPECT_EQ(traced, test::ReadFileText(restarted))
+            << c.file << " kind " << static_cast<int>(c.kind);
         if (c.kind == PlotKind::Decal) {
             EXPECT_EQ(TracePages(once).size(), static_cast<std::size_t>(c.printed)) << c.file;
             EXPECT_TRUE(HasText(TracePages(once).front(), "PCB:")) << c.file;

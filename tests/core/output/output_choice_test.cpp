@@ -7,8 +7,6 @@
 #include <QSvgRenderer>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -62,13 +60,6 @@ std::vector<std::string> FileNames(const std::filesystem::path& folder) {
     }
     std::sort(names.begin(), names.end());
     return names;
-}
-
-std::string ReadText(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 bool Inked(const QImage& image, int x, int y) {
@@ -151,7 +142,7 @@ TEST(OutputTargets, DocumentStateAndPageCounts) {
     EXPECT_EQ(target.WrittenFiles(), (std::vector<std::filesystem::path>{
                                          dir.Path() / "run-1.trace", dir.Path() / "run-3.trace"}));
     EXPECT_EQ(FileNames(dir.Path()), (std::vector<std::string>{"run-1.trace", "run-3.trace"}));
-    EXPECT_EQ(ReadText(dir.Path() / "run-1.trace"), "page 1\npage 2\npage 3\n");
+    EXPECT_EQ(test::ReadFileText(dir.Path() / "run-1.trace"), "page 1\npage 2\npage 3\n");
 }
 
 TEST(OutputTargets, PdfIsOneFileOfAllPagesOnTheChosenPaper) {
@@ -188,7 +179,8 @@ TEST(OutputTargets, PngAndSvgPagesAreNumberedFilesInThePrinterMapping) {
     }
     for (int n = 1; n <= 3; ++n) {
         const auto file = dir.Path() / ("sheet-" + std::to_string(n) + ".svg");
-        EXPECT_NE(ReadText(file).find("width=\"210mm\" height=\"297mm\""), std::string::npos);
+        EXPECT_NE(test::ReadFileText(file).find("width=\"210mm\" height=\"297mm\""),
+                  std::string::npos);
         QSvgRenderer renderer(PathText(file));
         // Rendered at 2 dots per millimetre.
         QImage image(420, 594, QImage::Format_RGB32);
@@ -219,8 +211,8 @@ TEST(OutputTargets, AbortedOrFailedDocumentsLeaveTheOldFilesAndNoOther) {
         throw FormatError("the decal ends early");
     } catch (const FormatError&) {
     }
-    EXPECT_EQ(ReadText(old), "old report");
-    EXPECT_EQ(ReadText(dir.Path() / "scan-1.svg"), "old first page");
+    EXPECT_EQ(test::ReadFileText(old), "old report");
+    EXPECT_EQ(test::ReadFileText(dir.Path() / "scan-1.svg"), "old first page");
     EXPECT_EQ(FileNames(dir.Path()), (std::vector<std::string>{"report.pdf", "scan-1.svg"}));
 }
 
