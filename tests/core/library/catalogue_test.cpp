@@ -476,42 +476,5 @@ TEST(NewerCatalogue, PartLabelsTakeTwoLinesInV5AndThreeFromV2005) {
     EXPECT_EQ(ListNames(v2005), Names{"CC"});
 }
 
-// The shared folder of real PADS files next to the project, when this machine has it.
-std::filesystem::path SharedSamples() {
-    return test::SourceDir().parent_path() / "shared" / "pads-samples";
-}
-
-TEST(SharedSamples, EveryDecalSourceListsItsDecals) {
-    const auto folder = SharedSamples();
-    if (!std::filesystem::is_directory(folder)) {
-        GTEST_SKIP() << "no real PADS files at " << folder.string();
-    }
-    int sources = 0;
-    for (const auto& item : std::filesystem::directory_iterator(folder)) {
-        const auto file = item.path();
-        if (!item.is_regular_file() || !IsDecalFile(file)) {
-            continue;
-        }
-        SCOPED_TRACE(file.filename().string());
-        ++sources;
-        // The decal reader of the print job walks every record; a library offers them all,
-        // and so does a PCB file in which every decal is used or no part is placed.
-        DecalReader reader(file);
-        DecalRecord record;
-        Names expected;
-        while (reader.NextRecord(record)) {
-            expected.push_back(record.name);
-        }
-        Listing listing = List(file);
-        EXPECT_TRUE(listing.messages.Entries().empty());
-        EXPECT_FALSE(listing.catalogue.entries.empty());
-        if (listing.catalogue.sorted) {
-            std::sort(expected.begin(), expected.end());
-        }
-        EXPECT_EQ(listing.EntryNames(), expected);
-    }
-    EXPECT_GT(sources, 0);
-}
-
 }  // namespace
 }  // namespace zantor

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iomanip>
 #include <sstream>
 #include <stdexcept>
@@ -12,7 +13,9 @@
 #include <vector>
 
 #include "common/errors.h"
+#include "library/catalogue.h"
 #include "library/pad_stacks.h"
+#include "support/recording_messages.h"
 #include "support/test_support.h"
 
 namespace zantor {
@@ -436,7 +439,22 @@ TEST(SampleDecals, EveryRecordOfEveryDecalSourceReadsToItsEnd) {
         if (product == FileProduct::DecalLibrary || product == FileProduct::PcbDatabase) {
             SCOPED_TRACE(entry.path().filename().string());
             ++files;
-            decals += ReadWholeRecords(entry.path()).size();
+            std::vector<DecalRecord> records = ReadWholeRecords(entry.path());
+            decals += records.size();
+            // A library offers every record, and so does a PCB file in which every decal is used
+            // or no part is placed.
+            RecordingMessages messages;
+            const Catalogue catalogue = LoadPartnames(entry.path(), PlotKind::Decal, {}, messages);
+            EXPECT_TRUE(messages.Entries().empty());
+            Texts listed;
+            for (const CatalogueEntry& item : catalogue.entries) {
+                listed.push_back(item.name);
+            }
+            Texts names = Names(records);
+            if (catalogue.sorted) {
+                std::sort(names.begin(), names.end());
+            }
+            EXPECT_EQ(listed, names);
         }
     }
     EXPECT_EQ(files, 11);
