@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
+#include <filesystem>
 #include <limits>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <unordered_map>
 #include <utility>
 
@@ -335,6 +337,10 @@ class CatalogueBuilder {
     CatalogueBuilder(const std::filesystem::path& file, PlotKind kind,
                      const CatalogueFilters& filters, UserMessages& messages)
         : lines_(file), kind_(kind), filters_(filters), messages_(messages) {
+        // About one name to a kilobyte of a file; the list holds at most 65535.
+        std::error_code error;
+        const std::uintmax_t bytes = std::filesystem::file_size(file, error);
+        catalogue_.entries.reserve(error ? 0 : std::min<std::uintmax_t>(bytes / 1024 + 16, 65536));
         search_ = TrimBlanks(filters_.searchText);
         std::string_view pins = TrimBlanks(filters_.pinCountText);
         pinFilter_ = WholeNumber(pins.empty() ? std::string_view("0") : pins);

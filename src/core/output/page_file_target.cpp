@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "common/errors.h"
+#include "output/palette_image.h"
 
 namespace zantor {
 
@@ -66,18 +67,27 @@ PngTarget::~PngTarget() {
 
 QPaintDevice& PngTarget::OpenDevice(const std::filesystem::path& /*temporary*/,
                                     const PageMetrics& metrics) {
-    image_ = QImage(metrics.physicalWidth, metrics.physicalHeight, QImage::Format_RGB32);
-    if (image_.isNull()) {
-        throw IoError("Not enough memory for the page image", CurrentFile().string());
+    // One image serves every page of the job: it is cleared, not made anew, for the next page.
+    if (image_.width() != metrics.physicalWidth || image_.height() != metrics.physicalHeight) {
+        image_ = QImage(metrics.physicalWidth, metrics.physicalHeight, QImage::Format_RGB32);
+        if (image_.isNull()) {
+            throw IoError("Not enough memory for the page image", CurrentFile().string());
+        }
+        const int dotsPerMetre = static_cast<int>(std::lround(kResolution / 0.0254));
+        image_.setDotsPerMeterX(dotsPerMetre);
+        image_.setDotsPerMeterY(dotsPerMetre);
     }
-    const int dotsPerMetre = static_cast<int>(std::lround(kResolution / 0.0254));
-    image_.setDotsPerMeterX(dotsPerMetre);
-    image_.setDotsPerMeterY(dotsPerMetre);
     image_.fill(Qt::white);
     return image_;
 }
 
 bool PngTarget::CloseDevice(const std::filesystem::path& temporary) {
+    // Pages in the default colours hold black, white and the greys of smoothed edges: as a
+    // palette image they are the same pixels in a quarter of the data to compress. Pages in more
+    // than 256 colours are written in full colour.
+    if (ToPaletteImage(image_, palette_)) {
+        return palette_.save(PathText(temporary), "PNG");
+    }
     return image_.save(PathText(temporary), "PNG");
 }
 

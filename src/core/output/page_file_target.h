@@ -66,10 +66,12 @@ class PngTarget final : public PageFileTarget {
     QPaintDevice& OpenDevice(const std::filesystem::path& temporary,
                              const PageMetrics& metrics) override;
     bool CloseDevice(const std::filesystem::path& temporary) override;
-    void ReleaseDevice() noexcept override { image_ = QImage(); }
+    // The images stay for the next page of the job; the target lives as long as the job.
+    void ReleaseDevice() noexcept override {}
 
   private:
-    QImage image_;
+    QImage image_;    // the page, cleared for every page of the job
+    QImage palette_;  // the page as it is written when its colours fit a palette
 };
 
 class SvgTarget final : public PageFileTarget {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <iomanip>
 #include <sstream>
 #include <stdexcept>
@@ -14,6 +15,7 @@
 
 #include "common/errors.h"
 #include "library/catalogue.h"
+#include "library/line_reader.h"
 #include "library/pad_stacks.h"
 #include "support/recording_messages.h"
 #include "support/test_support.h"
@@ -179,6 +181,48 @@ TEST(DecalReaderLibrary, RecordsSeparatedBySeveralBlankLines) {
     EXPECT_TRUE(LineCursor(record, record.firstTerminal).AtEnd());
     EXPECT_FALSE(reader.NextRecord(record));
     EXPECT_EQ(reader.CurrentLine(), "*END*");
+}
+
+TEST(DecalReaderLibrary, RecordsAreTheSameWhereverTheFileIsSplitIntoBlocks) {
+    // Blank lines after the header move the 250-character text line of LONG over the end of the
+    // first block the line reader takes; every kind of line end, with and without one at the end
+    // of the file.
+    test::TempDir dir;
+    std::ifstream in(Fixture("v4_library.d"), std::ios::binary);
+    std::ostringstream lf;
+    lf << in.rdbuf();
+    const auto expected = AllRecords(Fixture("v4_library.d"));
+    ASSERT_EQ(expected.size(), 4u);
+    int files = 0;
+    for (const std::string end : {"\n", "\r\n", "\r"}) {
+        for (bool finalEnd : {true, false}) {
+            std::string text;
+            for (char c : lf.str()) {
+                text += c == '\n' ? end : std::string(1, c);
+            }
+            if (!finalEnd) {
+                text.resize(text.size() - end.size());
+            }
+            const std::size_t longLine = text.find("0123456789");
+            const std::size_t blanks = (LineReader::kBlockSize - 100 - longLine) / end.size();
+            std::string padding;
+            for (std::size_t i = 0; i < blanks; ++i) {
+                padding += end;
+            }
+            text.insert(text.find(end) + end.size(), padding);
+            const auto records =
+                AllRecords(dir.WriteFile("split" + std::to_string(++files) + ".d", text));
+            SCOPED_TRACE("line end " + std::to_string(end.size()) + " bytes");
+            ASSERT_EQ(records.size(), expected.size());
+            for (std::size_t i = 0; i < records.size(); ++i) {
+                EXPECT_EQ(records[i].name, expected[i].name);
+                EXPECT_EQ(records[i].lines, expected[i].lines);
+                EXPECT_EQ(records[i].headerLineNumber,
+                          expected[i].headerLineNumber + static_cast<long>(blanks));
+            }
+            EXPECT_EQ(records[2].lines[4].size(), kMaxBodyLineLength);
+        }
+    }
 }
 
 TEST(DecalReaderSearch, FindsTheFirstLineWithTheNameFromTheCurrentLine) {
