@@ -31,7 +31,7 @@ bool PainterPage::Begin(QPaintDevice& device) {
         painter_.reset();
         return false;
     }
-    canvas_.emplace(*painter_, PageOutput::kMapping);
+    canvas_.emplace(*painter_, PageOutput::kMapping, &fonts_);
     return true;
 }
 
@@ -40,7 +40,7 @@ void PainterPage::RenewCanvas() {
         return;
     }
     canvas_.reset();
-    canvas_.emplace(*painter_, PageOutput::kMapping);
+    canvas_.emplace(*painter_, PageOutput::kMapping, &fonts_);
 }
 
 bool PainterPage::End() {

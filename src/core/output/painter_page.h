@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "plot/qpainter_canvas.h"
+#include "plot/text_fonts.h"
 
 namespace zantor {
 
@@ -36,6 +37,8 @@ class PainterPage {
     PlotCanvas* Canvas() { return canvas_ ? &*canvas_ : nullptr; }
 
   private:
+    // The fonts of every page painted through this object: the whole job's.
+    TextFonts fonts_;
     std::unique_ptr<QPainter> painter_;
     std::optional<QPainterCanvas> canvas_;
 };

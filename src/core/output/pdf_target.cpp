@@ -22,6 +22,9 @@ void PdfTarget::StartDocument() {
     if (files_ == DocumentFiles::Single && DocumentNumber() > 1) {
         throw IoError("Only one document can be written to this file", path_.string());
     }
+    if (!heapReuse_) {
+        heapReuse_.emplace();
+    }
     current_ = files_ == DocumentFiles::Numbered ? NumberedPath(path_, DocumentNumber()) : path_;
     temporary_ = pending_.Add(current_);
     file_ = std::make_unique<CheckedFile>(temporary_);

@@ -5,9 +5,11 @@
 #include <QPdfWriter>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 #include "output/checked_file.h"
 #include "output/file_output.h"
+#include "output/heap_reuse.h"
 #include "output/page_output.h"
 #include "output/painter_page.h"
 #include "output/paper.h"
@@ -39,6 +41,8 @@ class PdfTarget final : public PageOutput {
     std::filesystem::path current_;    // the final name of the open document
     std::filesystem::path temporary_;  // where it is written meanwhile
     PendingFiles pending_;
+    // From the first document to the end of the job.
+    std::optional<HeapReuse> heapReuse_;
     // The writer writes into the file, so it goes first.
     std::unique_ptr<CheckedFile> file_;
     std::unique_ptr<QPdfWriter> writer_;

@@ -62,41 +62,71 @@ double QtAngleOfRay(const QRectF& box, QPointF towards) {
 
 }  // namespace
 
-QPainterCanvas::QPainterCanvas(QPainter& painter, CanvasMapping mapping)
+QPainterCanvas::QPainterCanvas(QPainter& painter, CanvasMapping mapping, TextFonts* fonts)
     : painter_(painter),
       mapping_(mapping),
       callerTransform_(painter.worldTransform()),
-      transform_(callerTransform_) {
+      transform_(callerTransform_),
+      ownFonts_(fonts == nullptr ? std::make_unique<TextFonts>() : nullptr),
+      fonts_(fonts != nullptr ? *fonts : *ownFonts_) {
     if (mapping_ == CanvasMapping::Hundredths) {
         const QPaintDevice* device = painter_.device();
         const double sx = device != nullptr ? device->logicalDpiX() / 2540.0 : 1.0;
         const double sy = device != nullptr ? device->logicalDpiY() / 2540.0 : 1.0;
         transform_ = QTransform::fromScale(sx, -sy) * callerTransform_;
     }
-    painter_.setRenderHint(QPainter::Antialiasing, true);
+    if (!painter_.testRenderHint(QPainter::Antialiasing)) {
+        painter_.setRenderHint(QPainter::Antialiasing, true);
+    }
 }
 
 QPainterCanvas::~QPainterCanvas() {
     if (painter_.isActive()) {
-        painter_.setWorldTransform(callerTransform_);
+        UseTransform(callerTransform_);
+    }
+}
+
+void QPainterCanvas::UseTransform(const QTransform& transform) {
+    if (painter_.worldTransform() != transform) {
+        painter_.setWorldTransform(transform);
+    }
+}
+
+void QPainterCanvas::UsePenOf(Colour colour, std::int32_t width, PenStyle style) {
+    if (colour != penColour_ || width != penWidth_ || style != penStyle_) {
+        pen_ = QPen(ToQColor(colour), width, ToQtStyle(style), Qt::RoundCap, Qt::RoundJoin);
+        pen_.setCosmetic(false);
+        penColour_ = colour;
+        penWidth_ = width;
+        penStyle_ = style;
+    }
+    if (painter_.pen() != pen_) {
+        painter_.setPen(pen_);
+    }
+}
+
+void QPainterCanvas::UseBrush(const QBrush& brush) {
+    if (painter_.brush() != brush) {
+        painter_.setBrush(brush);
     }
 }
 
 void QPainterCanvas::UsePen() {
-    painter_.setWorldTransform(transform_);
-    QPen pen(ToQColor(PenColour()), PenWidth(), ToQtStyle(PenStyleNow()), Qt::RoundCap,
-             Qt::RoundJoin);
-    pen.setCosmetic(false);
-    painter_.setPen(pen);
+    UseTransform(transform_);
+    UsePenOf(PenColour(), PenWidth(), PenStyleNow());
 }
 
-void QPainterCanvas::UsePenAndFill() {
+void QPainterCanvas::UsePenAndFill(bool fill) {
     UsePen();
-    if (FillStyleNow() == FillStyle::Solid) {
-        painter_.setBrush(ToQColor(FillColour()));
-    } else {
-        painter_.setBrush(Qt::NoBrush);
+    if (!fill) {
+        UseBrush(QBrush(Qt::NoBrush));
+        return;
     }
+    if (fill_.style() != Qt::SolidPattern || FillColour() != fillColour_) {
+        fill_ = QBrush(ToQColor(FillColour()));
+        fillColour_ = FillColour();
+    }
+    UseBrush(fill_);
 }
 
 void QPainterCanvas::MoveTo(std::int32_t x, std::int32_t y) {
@@ -104,6 +134,7 @@ void QPainterCanvas::MoveTo(std::int32_t x, std::int32_t y) {
 }
 
 void QPainterCanvas::LineTo(std::int32_t x, std::int32_t y) {
+    // A line is never filled: whatever brush the painter holds stays.
     UsePen();
     const QPointF to(x, y);
     painter_.drawLine(position_, to);
@@ -122,8 +153,7 @@ void QPainterCanvas::Arc(std::int32_t x1, std::int32_t y1, std::int32_t x2, std:
     QPainterPath path;
     path.arcMoveTo(box, start);
     path.arcTo(box, start, span);
-    UsePen();
-    painter_.setBrush(Qt::NoBrush);
+    UsePenAndFill(false);
     painter_.drawPath(path);
 }
 
@@ -132,42 +162,56 @@ void QPainterCanvas::RoundRect(std::int32_t x1, std::int32_t y1, std::int32_t x2
     const QRectF box = Box(x1, y1, x2, y2);
     const double rx = std::clamp(std::abs(cornerWidth) / 2.0, 0.0, box.width() / 2);
     const double ry = std::clamp(std::abs(cornerHeight) / 2.0, 0.0, box.height() / 2);
-    UsePenAndFill();
+    UsePenAndFill(FillStyleNow() == FillStyle::Solid);
     painter_.drawRoundedRect(box, rx, ry, Qt::AbsoluteSize);
 }
 
 void QPainterCanvas::Polygon(std::span<const DevicePoint> points) {
-    QPolygonF polygon;
-    polygon.reserve(static_cast<qsizetype>(points.size()));
-    for (const DevicePoint& point : points) {
-        polygon << QPointF(point.x, point.y);
+    // Points at the end that repeat the first add nothing to the closed outline (the plot
+    // engine hands over its whole polygon buffer, filled up with the first point).
+    std::size_t count = points.size();
+    while (count > 2 && points[count - 1] == points.front()) {
+        --count;
     }
-    UsePenAndFill();
-    painter_.drawPolygon(polygon, Qt::OddEvenFill);
+    if (count == 2 && points[1] == points.front()) {
+        count = points.size();  // a single point: drawn as it came
+    }
+    polygon_.clear();
+    polygon_.reserve(static_cast<qsizetype>(count));
+    for (const DevicePoint& point : points.first(count)) {
+        polygon_ << QPointF(point.x, point.y);
+    }
+    UsePenAndFill(FillStyleNow() == FillStyle::Solid);
+    painter_.drawPolygon(polygon_.constData(), static_cast<int>(polygon_.size()), Qt::OddEvenFill);
 }
 
 void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
                           std::string_view fontName, std::int32_t height, TextAlign align) {
     // Text is laid out in the device's own pixels so that it stays upright on the y-up mapping.
-    const QTransform& world = transform_;
-    const QPointF topLeft = world.map(QPointF(x, y));
-    const double pixels = std::abs(height) * std::hypot(world.m21(), world.m22());
-    QFont font(QString::fromLatin1(fontName.data(), static_cast<qsizetype>(fontName.size())));
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
+    const QPointF topLeft = transform_.map(QPointF(x, y));
+    const double pixels = std::abs(height) * std::hypot(transform_.m21(), transform_.m22());
+    const TextFont& font =
+        fonts_.Get(fontName, std::max(1, static_cast<int>(std::lround(pixels))), painter_.device());
 
-    painter_.save();
-    painter_.setWorldTransform(QTransform());
-    painter_.setFont(font);
-    painter_.setPen(ToQColor(TextColour()));
-    const QFontMetricsF metrics(font, painter_.device());
+    UseTransform(QTransform());
+    if (font_ != &font || painter_.font() != painterFont_) {
+        painter_.setFont(font.font);
+        font_ = &font;
+        painterFont_ = painter_.font();
+    }
+    // Text is filled in the pen's colour; nothing else of the pen counts for it.
+    const QPen& pen = painter_.pen();
+    if (pen.style() == Qt::NoPen || pen.brush().style() != Qt::SolidPattern ||
+        pen.color() != ToQColor(TextColour())) {
+        UsePenOf(TextColour(), PenWidth(), PenStyle::Solid);
+    }
     const QString line = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
     double left = topLeft.x();
     if (align != TextAlign::Left) {
-        const double width = metrics.horizontalAdvance(line);
+        const double width = font.metrics.horizontalAdvance(line);
         left -= align == TextAlign::Centre ? width / 2 : width;
     }
-    painter_.drawText(QPointF(left, topLeft.y() + metrics.ascent()), line);
-    painter_.restore();
+    painter_.drawText(QPointF(left, topLeft.y() + font.metrics.ascent()), line);
 }
 
 }  // namespace zantor

@@ -1,0 +1,34 @@
+#include "plot/text_fonts.h"
+
+#include <QString>
+
+namespace zantor {
+
+const TextFont& TextFonts::Get(std::string_view family, int pixelSize, const QPaintDevice* device) {
+    const int dpiX = device != nullptr ? device->logicalDpiX() : 0;
+    const int dpiY = device != nullptr ? device->logicalDpiY() : 0;
+    const auto matches = [&](const Entry& entry) {
+        return entry.pixelSize == pixelSize && entry.dpiX == dpiX && entry.dpiY == dpiY &&
+               entry.family == family;
+    };
+    // A page draws most of its texts in one font: the last one asked for comes first.
+    if (last_ < entries_.size() && matches(entries_[last_])) {
+        return *entries_[last_].font;
+    }
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (matches(entries_[i])) {
+            last_ = i;
+            return *entries_[i].font;
+        }
+    }
+    QFont font(QString::fromLatin1(family.data(), static_cast<qsizetype>(family.size())));
+    font.setPixelSize(pixelSize);
+    // The metrics need a device whose resolution they take; without one, the screen's.
+    QFontMetricsF metrics = device != nullptr ? QFontMetricsF(font, device) : QFontMetricsF(font);
+    entries_.push_back(Entry{std::string(family), pixelSize, dpiX, dpiY,
+                             std::make_unique<TextFont>(TextFont{font, metrics})});
+    last_ = entries_.size() - 1;
+    return *entries_.back().font;
+}
+
+}  // namespace zantor
