@@ -167,10 +167,26 @@ void QPainterCanvas::RoundRect(std::int32_t x1, std::int32_t y1, std::int32_t x2
 }
 
 void QPainterCanvas::Polygon(std::span<const DevicePoint> points) {
+    if (points.empty()) {
+        return;
+    }
     // Points at the end that repeat the first add nothing to the closed outline (the plot
     // engine hands over its whole polygon buffer, filled up with the first point).
+    // Blocks of points are compared whole, which the compiler can do several at a time.
+    constexpr std::size_t kBlock = 16;
+    const DevicePoint first = points.front();
     std::size_t count = points.size();
-    while (count > 2 && points[count - 1] == points.front()) {
+    while (count >= kBlock + 2) {
+        bool repeats = true;
+        for (std::size_t i = count - kBlock; i < count; ++i) {
+            repeats &= (points[i].x == first.x) & (points[i].y == first.y);
+        }
+        if (!repeats) {
+            break;
+        }
+        count -= kBlock;
+    }
+    while (count > 2 && points[count - 1] == first) {
         --count;
     }
     if (count == 2 && points[1] == points.front()) {
@@ -190,12 +206,12 @@ void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
     // Text is laid out in the device's own pixels so that it stays upright on the y-up mapping.
     const QPointF topLeft = transform_.map(QPointF(x, y));
     const double pixels = std::abs(height) * std::hypot(transform_.m21(), transform_.m22());
-    const TextFont& font =
+    TextFont& font =
         fonts_.Get(fontName, std::max(1, static_cast<int>(std::lround(pixels))), painter_.device());
 
     UseTransform(QTransform());
     if (font_ != &font || painter_.font() != painterFont_) {
-        painter_.setFont(font.font);
+        painter_.setFont(font.Font());
         font_ = &font;
         painterFont_ = painter_.font();
     }
@@ -208,10 +224,10 @@ void QPainterCanvas::Text(std::int32_t x, std::int32_t y, std::string_view text,
     const QString line = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
     double left = topLeft.x();
     if (align != TextAlign::Left) {
-        const double width = font.metrics.horizontalAdvance(line);
+        const double width = font.Width(line);
         left -= align == TextAlign::Centre ? width / 2 : width;
     }
-    painter_.drawText(QPointF(left, topLeft.y() + font.metrics.ascent()), line);
+    painter_.drawText(QPointF(left, topLeft.y() + font.Ascent()), line);
 }
 
 }  // namespace zantor

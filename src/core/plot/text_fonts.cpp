@@ -3,8 +3,30 @@
 #include <QString>
 
 namespace zantor {
+namespace {
 
-const TextFont& TextFonts::Get(std::string_view family, int pixelSize, const QPaintDevice* device) {
+// Widths remembered per font before the table starts over: a job of many pages names many
+// decals, and memory is not to grow with the job.
+constexpr std::size_t kRememberedWidths = 4096;
+
+}  // namespace
+
+TextFont::TextFont(const QFont& font, const QFontMetricsF& metrics)
+    : font_(font), metrics_(metrics), ascent_(metrics.ascent()) {}
+
+double TextFont::Width(const QString& text) {
+    if (const auto known = widths_.find(text); known != widths_.end()) {
+        return known->second;
+    }
+    if (widths_.size() >= kRememberedWidths) {
+        widths_.clear();
+    }
+    const double width = metrics_.horizontalAdvance(text);
+    widths_.emplace(text, width);
+    return width;
+}
+
+TextFont& TextFonts::Get(std::string_view family, int pixelSize, const QPaintDevice* device) {
     const int dpiX = device != nullptr ? device->logicalDpiX() : 0;
     const int dpiY = device != nullptr ? device->logicalDpiY() : 0;
     const auto matches = [&](const Entry& entry) {
@@ -26,7 +48,7 @@ const TextFont& TextFonts::Get(std::string_view family, int pixelSize, const QPa
     // The metrics need a device whose resolution they take; without one, the screen's.
     QFontMetricsF metrics = device != nullptr ? QFontMetricsF(font, device) : QFontMetricsF(font);
     entries_.push_back(Entry{std::string(family), pixelSize, dpiX, dpiY,
-                             std::make_unique<TextFont>(TextFont{font, metrics})});
+                             std::make_unique<TextFont>(font, metrics)});
     last_ = entries_.size() - 1;
     return *entries_.back().font;
 }

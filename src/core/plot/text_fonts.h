@@ -7,16 +7,31 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPaintDevice>
+#include <QString>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace zantor {
 
-struct TextFont {
-    QFont font;
-    QFontMetricsF metrics;
+class TextFont {
+  public:
+    TextFont(const QFont& font, const QFontMetricsF& metrics);
+
+    const QFont& Font() const { return font_; }
+    // From the top of the text line to its baseline, in pixels.
+    double Ascent() const { return ascent_; }
+    // The advance width of `text` in pixels. Widths asked for once are remembered: page after
+    // page measures the same labels.
+    double Width(const QString& text);
+
+  private:
+    QFont font_;
+    QFontMetricsF metrics_;
+    double ascent_;
+    std::unordered_map<QString, double> widths_;
 };
 
 class TextFonts {
@@ -27,7 +42,7 @@ class TextFonts {
 
     // The font `family` at `pixelSize` pixels with its metrics on `device` (a font that is not
     // installed is replaced by a similar one). The reference stays valid for the object's life.
-    const TextFont& Get(std::string_view family, int pixelSize, const QPaintDevice* device);
+    TextFont& Get(std::string_view family, int pixelSize, const QPaintDevice* device);
 
     // How many fonts have been built so far.
     std::size_t Size() const { return entries_.size(); }

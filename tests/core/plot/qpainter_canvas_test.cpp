@@ -7,8 +7,10 @@
 #include <QImage>
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "core/plot/plot_test_support.h"
 #include "plot/pieces.h"
@@ -138,6 +140,95 @@ TEST(QPainterCanvas, TextHangsFromItsTopLeftCornerAndStaysUprightOnThePrinterMap
     // A "T" the right way up has its bar at the top.
     const int band = (bottom - top) / 4;
     EXPECT_GT(InkCount(image, top, top + band), 2 * InkCount(image, bottom - band, bottom));
+}
+
+// Drawings that each set the whole canvas state they need: pens of other colours, widths and
+// styles, fills on and off, texts of other sizes, alignments and colours than the pen.
+std::vector<std::function<void(QPainterCanvas&)>> MixedDrawings() {
+    const auto pen = [](QPainterCanvas& canvas, Colour colour, int width, PenStyle style) {
+        canvas.SetPenColour(colour);
+        canvas.SetPenWidth(width);
+        canvas.SetPenStyle(style);
+    };
+    const auto fill = [](QPainterCanvas& canvas, Colour colour, FillStyle style) {
+        canvas.SetFillColour(colour);
+        canvas.SetFillStyle(style);
+    };
+    return {
+        [=](QPainterCanvas& canvas) {
+            pen(canvas, 0x0000FF, 40, PenStyle::Dash);
+            canvas.MoveTo(100, -100);
+            canvas.LineTo(1900, -1900);
+        },
+        [=](QPainterCanvas& canvas) {
+            pen(canvas, 0x0000FF, 40, PenStyle::Solid);
+            canvas.SetTextColour(0xFF0000);
+            canvas.Text(200, -300, "Upright", "Liberation Sans", 250);
+        },
+        [=](QPainterCanvas& canvas) {
+            // The plot engine's polygon buffer: three corners, then the first one over and over.
+            pen(canvas, 0x00AA00, 1, PenStyle::Solid);
+            fill(canvas, 0x00AA00, FillStyle::Solid);
+            std::vector<DevicePoint> points(1024, DevicePoint{1000, -1000});
+            points[1] = {1800, -1000};
+            points[2] = {1800, -1800};
+            canvas.Polygon(points);
+        },
+        [=](QPainterCanvas& canvas) {
+            pen(canvas, 0x00AA00, 30, PenStyle::Solid);
+            fill(canvas, 0x00AA00, FillStyle::Solid);
+            canvas.Arc(200, -1200, 800, -1800, 800, -1500, 200, -1500);
+        },
+        [=](QPainterCanvas& canvas) {
+            pen(canvas, 0x000000, 10, PenStyle::Solid);
+            canvas.SetTextColour(0x000000);
+            canvas.Text(1000, -600, "Centre", "DejaVu Serif", 180, TextAlign::Centre);
+            canvas.Text(1900, -800, "Right", "Liberation Sans", 250, TextAlign::Right);
+        },
+        [=](QPainterCanvas& canvas) {
+            pen(canvas, 0xAA00AA, 20, PenStyle::DashDot);
+            fill(canvas, 0x00FFFF, FillStyle::None);
+            canvas.RoundRect(300, -1900, 900, -1300, 200, 200);
+            canvas.MoveTo(100, -1950);
+            canvas.LineTo(1900, -1950);
+        },
+        [=](QPainterCanvas& canvas) {
+            pen(canvas, 0x00AA00, 20, PenStyle::Solid);
+            canvas.SetTextColour(0xFF0000);
+            canvas.Text(200, -1000, "Again", "Liberation Sans", 250);
+        },
+    };
+}
+
+TEST(QPainterCanvas, EachDrawingLooksTheSameWhateverWasDrawnBeforeIt) {
+    App();
+    // Printer mapping at 254 dots per inch: 2000 units are 200 pixels.
+    QImage oneCanvas = WhiteImage(200, 200, 10000);
+    {
+        QPainter painter(&oneCanvas);
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        for (const auto& draw : MixedDrawings()) {
+            draw(canvas);
+        }
+    }
+    // The same drawings, each on a painter and canvas of its own, so that nothing of one can
+    // reach the next.
+    QImage freshCanvases = WhiteImage(200, 200, 10000);
+    for (const auto& draw : MixedDrawings()) {
+        QPainter painter(&freshCanvases);
+        QPainterCanvas canvas(painter, CanvasMapping::Hundredths);
+        draw(canvas);
+    }
+    EXPECT_GT(InkCount(freshCanvases), 3000);
+    EXPECT_EQ(oneCanvas, freshCanvases);
+    // The texts are in their own colour, not the pen's.
+    int red = 0;
+    for (int y = 0; y < 200; ++y) {
+        for (int x = 0; x < 200; ++x) {
+            red += oneCanvas.pixel(x, y) == qRgb(0, 0, 255) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(red, 20);
 }
 
 // A handmade decal in mils: an outline with a rounded corner and a clockwise hump, a copper
