@@ -170,28 +170,7 @@ void QPainterCanvas::Polygon(std::span<const DevicePoint> points) {
     if (points.empty()) {
         return;
     }
-    // Points at the end that repeat the first add nothing to the closed outline (the plot
-    // engine hands over its whole polygon buffer, filled up with the first point).
-    // Blocks of points are compared whole, which the compiler can do several at a time.
-    constexpr std::size_t kBlock = 16;
-    const DevicePoint first = points.front();
-    std::size_t count = points.size();
-    while (count >= kBlock + 2) {
-        bool repeats = true;
-        for (std::size_t i = count - kBlock; i < count; ++i) {
-            repeats &= (points[i].x == first.x) & (points[i].y == first.y);
-        }
-        if (!repeats) {
-            break;
-        }
-        count -= kBlock;
-    }
-    while (count > 2 && points[count - 1] == first) {
-        --count;
-    }
-    if (count == 2 && points[1] == points.front()) {
-        count = points.size();  // a single point: drawn as it came
-    }
+    const std::size_t count = points.size();
     polygon_.clear();
     polygon_.reserve(static_cast<qsizetype>(count));
     for (const DevicePoint& point : points.first(count)) {
