@@ -82,12 +82,12 @@ double WholeScale(double fit, double maxScale) {
     return reduced > 0 ? reduced : 1.0;
 }
 
-DecalPlacement PlaceDecal(const DecalArea& area, const DecalExtents& extents, double unitFactor,
-                          double maxScale) {
+DecalFit PlaceDecal(const DecalArea& area, const DecalExtents& extents, double unitFactor,
+                    double maxScale) {
     const double w = extents.Empty() ? 0.0 : (extents.xmax - extents.xmin) * unitFactor;
     const double h = extents.Empty() ? 0.0 : (extents.ymax - extents.ymin) * unitFactor;
     const double listed = kListLinePitch * area.attributeLines;
-    DecalPlacement placement;
+    DecalFit placement;
     placement.drawingHeight = area.usableHeight - 2 * area.yBorder - kDrawingAreaBottom - listed;
     const double scaleX = FitScale(area.usableWidth - 2 * area.xBorder, w, maxScale);
     const double scaleY = FitScale(placement.drawingHeight, h, maxScale);
@@ -102,11 +102,11 @@ DecalPlacement PlaceDecal(const DecalArea& area, const DecalExtents& extents, do
     return placement;
 }
 
-DecalPlacement PlaceDecalInBox(double width, double height, const DecalExtents& extents,
-                               double unitFactor, double maxScale) {
+DecalFit PlaceDecalInBox(double width, double height, const DecalExtents& extents,
+                         double unitFactor, double maxScale) {
     const double w = extents.Empty() ? 0.0 : (extents.xmax - extents.xmin) * unitFactor;
     const double h = extents.Empty() ? 0.0 : (extents.ymax - extents.ymin) * unitFactor;
-    DecalPlacement placement;
+    DecalFit placement;
     placement.drawingHeight = height;
     placement.scale =
         WholeScale(std::min(FitScale(width, w, maxScale), FitScale(height, h, maxScale)), maxScale);
@@ -116,15 +116,11 @@ DecalPlacement PlaceDecalInBox(double width, double height, const DecalExtents& 
     return placement;
 }
 
-void ApplyPlacement(PlotFrame& frame, const PageGeometry& page, const DecalPlacement& placement,
-                    double unitFactor) {
-    frame.Scale = placement.scale;
-    frame.UnitFactor = unitFactor;
-    frame.OriginX1 = placement.originX;
-    frame.OriginY1 = placement.originY;
-    frame.OriginX2 = page.left;
-    frame.OriginY2 = page.bottom;
-    frame.PageHeight = page.pageHeight;
+DecalPlacement PlacementOnPage(const PageGeometry& page, const DecalFit& fit, double unitFactor) {
+    return {.corner = {page.left, page.bottom},
+            .unitFactor = unitFactor,
+            .scale = fit.scale,
+            .origin = {fit.originX, fit.originY}};
 }
 
 }  // namespace zantor

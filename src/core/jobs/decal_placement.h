@@ -25,7 +25,7 @@ PageMargins MarginsOf(const PlotSettings& settings);
 // decal page fills it (W = usableWidth, H = usableHeight).
 struct PageGeometry {
     double pageWidth = 0;   // printable width
-    double pageHeight = 0;  // printable height: the frame's PageHeight on the printer
+    double pageHeight = 0;  // printable height: where the printer's y counts from
     double left = 0;        // left edge of the drawing area
     double bottom = 0;      // bottom edge, with room for the footer under the frame
     double usableWidth = 0;
@@ -56,10 +56,9 @@ struct DecalArea {
     int attributeLines = 0;  // listed at the top of the page (ListedAttributeCount)
 };
 
-struct DecalPlacement {
+struct DecalFit {
     double scale = 1;
-    // The decal origin in page millimetres from the frame's bottom-left corner (the frame's
-    // OriginX1 and OriginY1).
+    // The decal origin in page millimetres from the frame's bottom-left corner.
     double originX = 0;
     double originY = 0;
     double drawingHeight = 0;  // the height the decal is fitted into
@@ -68,17 +67,16 @@ struct DecalPlacement {
 // The decal fitted into the frame above the title block, between the inner borders and below the
 // listed attributes, and centred there. Extents are in library units; empty extents count as a
 // single point at the decal origin.
-DecalPlacement PlaceDecal(const DecalArea& area, const DecalExtents& extents, double unitFactor,
-                          double maxScale);
+DecalFit PlaceDecal(const DecalArea& area, const DecalExtents& extents, double unitFactor,
+                    double maxScale);
 
 // The decal fitted into a whole box of `width` x `height` mm and centred in it (the view box of
 // the selection dialog).
-DecalPlacement PlaceDecalInBox(double width, double height, const DecalExtents& extents,
-                               double unitFactor, double maxScale);
+DecalFit PlaceDecalInBox(double width, double height, const DecalExtents& extents,
+                         double unitFactor, double maxScale);
 
-// Sets the frame for a decal page on the printer mapping: the frame's corner at the drawing
-// area's corner, the decal placed in it.
-void ApplyPlacement(PlotFrame& frame, const PageGeometry& page, const DecalPlacement& placement,
-                    double unitFactor);
+// The frame's placement for a decal page: the frame's corner at the drawing area's corner, the
+// decal as `fit` places it, its library units `unitFactor` mm long.
+DecalPlacement PlacementOnPage(const PageGeometry& page, const DecalFit& fit, double unitFactor);
 
 }  // namespace zantor

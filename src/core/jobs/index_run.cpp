@@ -34,13 +34,10 @@ IndexStep IndexRun::AddDecal(const Decal& decal, const DecalExtents& extents,
             return PlaceInCell(layout_, page.usableHeight, row_, column_, e, decal.unitFactor,
                                settings);
         });
-    frame_.Scale = placement.scale;
-    frame_.UnitFactor = decal.unitFactor;
-    frame_.OriginX1 = placement.originX;
-    frame_.OriginY1 = placement.originY;
-    frame_.OriginX2 = left_;
-    frame_.OriginY2 = page.bottom;
-    frame_.PageHeight = page.pageHeight;
+    frame_.Place({.corner = {left_, page.bottom},
+                  .unitFactor = decal.unitFactor,
+                  .scale = placement.scale,
+                  .origin = {placement.originX, placement.originY}});
 
     IndexCellPlace place{
         column_,          row_, layout_.cellHeight, layout_.columnWidth, kIndexCellMargin,
@@ -82,9 +79,8 @@ void IndexRun::CompletePage(IndexStep& step) {
     frameInputs.date = inputs_.date;
     frameInputs.pageNumber = pageNumber_;
     frameInputs.pageCount = layout_.pages;
-    frame_.OriginX2 = left_;
-    frame_.OriginY2 = page.bottom;
-    frame_.PageHeight = page.pageHeight;
+    // The page's frame is drawn in page millimetres only.
+    frame_.Place(FrameAt({left_, page.bottom}));
     DrawIndexFrame(frame_, frameInputs);
     step.pageFramed = true;
     step.newPage = pageNumber_ < layout_.pages;

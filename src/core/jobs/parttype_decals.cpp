@@ -48,10 +48,10 @@ void DrawDecalInCell(PlotFrame& frame, const Decal& decal, const StrokeFont& fon
         FitWithPinNumbers(frame, decal, font, ExtentsOf(decal, font), [&](const DecalExtents& e) {
             return PlaceInBox(box, e, decal.unitFactor, settings);
         }).placement;
-    frame.Scale = fit.scale;
-    frame.UnitFactor = decal.unitFactor;
-    frame.OriginX1 = fit.originX;
-    frame.OriginY1 = fit.originY;
+    frame.Place({.corner = frame.Placement().corner,
+                 .unitFactor = decal.unitFactor,
+                 .scale = fit.scale,
+                 .origin = {fit.originX, fit.originY}});
 
     if (settings.PlotOrigins && settings.OriginSize > 0.01) {
         DrawOriginMarker(frame);

@@ -47,13 +47,7 @@ void ParttypeRun::OpenPage() {
 void ParttypeRun::PositionPage(int pageNumber) {
     const PageGeometry& page = inputs_.area.page;
     const bool mirrored = context_.PlotSettings.MirrorMargin && pageNumber % 2 == 0;
-    frame_.OriginX2 = mirrored ? inputs_.area.mirroredLeft : page.left;
-    frame_.OriginY2 = page.bottom;
-    frame_.PageHeight = page.pageHeight;
-    frame_.Scale = 1;
-    frame_.UnitFactor = 1;
-    frame_.OriginX1 = 0;
-    frame_.OriginY1 = 0;
+    frame_.Place(FrameAt({mirrored ? inputs_.area.mirroredLeft : page.left, page.bottom}));
 }
 
 ParttypeRunSummary ParttypeRun::Print(std::span<const std::string> selection,

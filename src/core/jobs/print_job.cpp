@@ -14,9 +14,6 @@
 namespace zantor {
 namespace {
 
-// Millimetres per device unit of the printer's mapping.
-constexpr double kPrinterMmPerUnit = 0.01;
-
 // The decal alone, fitted into the view box: no frame, no title block.
 void DrawDecalAlone(PlotFrame& frame, const Decal& decal, const StrokeFont& font,
                     UnknownPieceReports& reports) {
@@ -29,6 +26,13 @@ void DrawDecalAlone(PlotFrame& frame, const Decal& decal, const StrokeFont& font
     DrawDecalBody(frame, decal, font, reports, page);
 }
 
+// The page geometry of a screen surface: the view box's own, the preview's laid out as paper.
+PageGeometry ScreenPage(PlotSurface surface, const PaperArea& paper, const ScreenBox& box,
+                        const PlotSettings& settings) {
+    return surface == PlotSurface::ViewBox ? ViewBoxGeometry(box)
+                                           : PageGeometryOf(paper, MarginsOf(settings));
+}
+
 }  // namespace
 
 PrintJob::PrintJob(PlotContext& context, PageOutput& target, UserMessages& messages)
@@ -36,14 +40,10 @@ PrintJob::PrintJob(PlotContext& context, PageOutput& target, UserMessages& messa
       context_(context),
       target_(&target),
       surface_(PlotSurface::Printer),
-      frame_(target.Canvas(), context.PlotSettings, messages) {
+      paper_(PaperAreaOf(target.Page())),
+      page_(PageGeometryOf(paper_, MarginsOf(context.PlotSettings))),
+      frame_(target.Canvas(), DeviceMappingOf(surface_, page_), context.PlotSettings, messages) {
     context_.OutputTarget = PlotSurface::Printer;
-    paper_ = PaperAreaOf(target.Page());
-    page_ = PageGeometryOf(paper_, MarginsOf(context.PlotSettings));
-    frame_.Surface = PlotSurface::Printer;
-    frame_.MmPerUnitX = kPrinterMmPerUnit;
-    frame_.MmPerUnitY = kPrinterMmPerUnit;
-    frame_.PageHeight = page_.pageHeight;
 }
 
 PrintJob::PrintJob(PlotContext& context, PlotSurface surface, PlotCanvas& canvas,
@@ -51,21 +51,10 @@ PrintJob::PrintJob(PlotContext& context, PlotSurface surface, PlotCanvas& canvas
     : PlotDate(TodayShortDate()),
       context_(context),
       surface_(surface == PlotSurface::Printer ? PlotSurface::PreviewWindow : surface),
-      frame_(canvas, context.PlotSettings, messages) {
+      paper_(surface_ == PlotSurface::ViewBox ? PaperArea{} : PreviewPaper(box)),
+      page_(ScreenPage(surface_, paper_, box, context.PlotSettings)),
+      frame_(canvas, DeviceMappingOf(surface_, page_, box), context.PlotSettings, messages) {
     context_.OutputTarget = surface_;
-    frame_.Surface = surface_;
-    frame_.PaintBoxHeight = box.height;
-    if (surface_ == PlotSurface::ViewBox) {
-        page_ = ViewBoxGeometry(box);
-        frame_.MmPerUnitX = 1;
-        frame_.MmPerUnitY = 1;
-    } else {
-        paper_ = PreviewPaper(box);
-        page_ = PageGeometryOf(paper_, MarginsOf(context.PlotSettings));
-        frame_.MmPerUnitX = PreviewMmPerPixelX(box);
-        frame_.MmPerUnitY = PreviewMmPerPixelY(box);
-    }
-    frame_.PageHeight = page_.pageHeight;
 }
 
 PrintJob::~PrintJob() = default;
@@ -129,7 +118,7 @@ void PrintJob::PlotDecalPage(const Decal& decal, const DecalExtents& extents) {
     const PlotSettings& settings = context_.PlotSettings;
     const DecalArea area{page_.usableWidth, page_.usableHeight, settings.XBorder, settings.YBorder,
                          attributeLines_};
-    const DecalPlacement placement =
+    const DecalFit fit =
         FitWithPinNumbers(frame_, decal, context_.StrokeFont, extents, [&](const DecalExtents& e) {
             return PlaceDecal(area, e, decal.unitFactor, settings.MaxScale);
         }).placement;
@@ -137,7 +126,7 @@ void PrintJob::PlotDecalPage(const Decal& decal, const DecalExtents& extents) {
         OpenPageForDecal();
         target_->NamePage(decal.name);
     }
-    ApplyPlacement(frame_, page_, placement, decal.unitFactor);
+    frame_.Place(PlacementOnPage(page_, fit, decal.unitFactor));
     DecalPageInputs inputs{.decal = decal,
                            .font = context_.StrokeFont,
                            .attributes = context_.AttributeList,
@@ -159,7 +148,7 @@ void PrintJob::PlotInViewBox(const Decal& decal, const DecalExtents& extents) {
     const auto fit = [&](auto place) {
         return FitWithPinNumbers(frame_, decal, context_.StrokeFont, extents, place).placement;
     };
-    DecalPlacement placement = fit([&](const DecalExtents& e) {
+    DecalFit placement = fit([&](const DecalExtents& e) {
         return PlaceDecalInBox(page_.usableWidth, page_.usableHeight, e, decal.unitFactor,
                                settings.MaxScale);
     });
@@ -174,7 +163,7 @@ void PrintJob::PlotInViewBox(const Decal& decal, const DecalExtents& extents) {
         placement.originX = cell.originX;
         placement.originY = cell.originY;
     }
-    ApplyPlacement(frame_, page_, placement, decal.unitFactor);
+    frame_.Place(PlacementOnPage(page_, placement, decal.unitFactor));
     DrawDecalAlone(frame_, decal, context_.StrokeFont, pieceReports_);
 }
 

@@ -96,9 +96,9 @@ class PrintJob {
     PlotContext& context_;
     PageOutput* target_ = nullptr;  // printer runs only
     PlotSurface surface_;
-    PlotFrame frame_;
-    PaperArea paper_;
+    PaperArea paper_;  // the printer's and the preview's
     PageGeometry page_;
+    PlotFrame frame_;
     int attributeLines_ = 0;
     UnknownPieceReports pieceReports_;
     std::unique_ptr<IndexRun> indexRun_;

@@ -7,6 +7,8 @@ namespace {
 constexpr double kPreviewMmPerInch = 100.0;
 // The view box keeps this many pixels free on each side.
 constexpr double kViewBoxRoom = 10.0;
+// The printer's device unit in millimetres.
+constexpr double kPrinterMmPerUnit = 0.01;
 
 double PreviewMillimetres(int pixels, double dotsPerInch) {
     return dotsPerInch > 0 ? pixels / dotsPerInch * kPreviewMmPerInch : 0.0;
@@ -42,6 +44,29 @@ PageGeometry ViewBoxGeometry(const ScreenBox& box) {
     page.usableWidth = box.width - 2 * kViewBoxRoom;
     page.usableHeight = box.height - 2 * kViewBoxRoom;
     return page;
+}
+
+DeviceMapping DeviceMappingOf(PlotSurface surface, const PageGeometry& page, const ScreenBox& box) {
+    DeviceMapping mapping;
+    mapping.surface = surface;
+    mapping.pageHeight = page.pageHeight;
+    switch (surface) {
+        case PlotSurface::Printer:
+            mapping.mmPerUnitX = kPrinterMmPerUnit;
+            mapping.mmPerUnitY = kPrinterMmPerUnit;
+            break;
+        case PlotSurface::PreviewWindow:
+            mapping.mmPerUnitX = PreviewMmPerPixelX(box);
+            mapping.mmPerUnitY = PreviewMmPerPixelY(box);
+            mapping.paintBoxHeight = box.height;
+            break;
+        case PlotSurface::ViewBox:
+            mapping.mmPerUnitX = 1;
+            mapping.mmPerUnitY = 1;
+            mapping.paintBoxHeight = box.height;
+            break;
+    }
+    return mapping;
 }
 
 }  // namespace zantor

@@ -5,6 +5,7 @@
 // decal alone in the box.
 
 #include "jobs/decal_placement.h"
+#include "plot/plot_frame.h"
 
 namespace zantor {
 
@@ -32,5 +33,11 @@ double PreviewMmPerPixelY(const ScreenBox& box);
 // The view box: 10 pixels of room all round; the rest holds the decal (its "millimetres" are
 // the box's pixels).
 PageGeometry ViewBoxGeometry(const ScreenBox& box);
+
+// The plot frame's mapping on `surface` for pages of geometry `page`: the printer's 0.01 mm units
+// counted from the printable area's top edge, the preview's pixels of the paint box `box` with
+// its page filling the box, the view box's pixels taken as millimetres.
+DeviceMapping DeviceMappingOf(PlotSurface surface, const PageGeometry& page,
+                              const ScreenBox& box = {});
 
 }  // namespace zantor

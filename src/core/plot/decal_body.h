@@ -14,10 +14,10 @@
 //         frame, decal, font, body, [&](const DecalExtents& e) {
 //             return PlaceInBox(box, e, decal.unitFactor, settings);   // jobs/index_layout.h
 //         });
-//     frame.Scale = fit.scale;                         // the frame's page placement as usual
-//     frame.UnitFactor = decal.unitFactor;
-//     frame.OriginX1 = fit.originX;                    // the decal origin, page millimetres
-//     frame.OriginY1 = fit.originY;
+//     frame.Place({.corner = frame.Placement().corner, // the page's frame stays where it is
+//                  .unitFactor = decal.unitFactor,
+//                  .scale = fit.scale,
+//                  .origin = {fit.originX, fit.originY}}); // the decal origin, page millimetres
 //     DrawDecalBody(frame, decal, font, reports);      // reports: the job's UnknownPieceReports
 //
 // Errors of the decal's fields (FieldFault) throw from here, where the item that holds them is

@@ -77,24 +77,17 @@ std::vector<double> GridPositions(double origin, double step, double low, double
     return positions;
 }
 
-// Puts back the frame's scale and decal origin when the 1:1 view is done with them.
+// Puts back the frame's placement when the 1:1 view is done with it.
 class SavedPlacement {
   public:
-    explicit SavedPlacement(PlotFrame& frame)
-        : frame_(frame), scale_(frame.Scale), x_(frame.OriginX1), y_(frame.OriginY1) {}
-    ~SavedPlacement() {
-        frame_.Scale = scale_;
-        frame_.OriginX1 = x_;
-        frame_.OriginY1 = y_;
-    }
+    explicit SavedPlacement(PlotFrame& frame) : frame_(frame), saved_(frame.Placement()) {}
+    ~SavedPlacement() { frame_.Place(saved_); }
     SavedPlacement(const SavedPlacement&) = delete;
     SavedPlacement& operator=(const SavedPlacement&) = delete;
 
   private:
     PlotFrame& frame_;
-    double scale_;
-    double x_;
-    double y_;
+    DecalPlacement saved_;
 };
 
 void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs, UnknownPieceReports& reports) {
@@ -116,7 +109,7 @@ void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs, UnknownPieceRe
         frame.PageText("(1 : 1)", 2.0, y0 + kViewBoxHeight - 2.5, x0 + 2, font);
     }
     // At 2 : 1 or less the page itself is nearly life size; a 1:1 copy would not fit the box.
-    if (1 / frame.Scale >= 0.5) {
+    if (1 / frame.Placement().scale >= 0.5) {
         if (text != kNotPlotted) {
             frame.PageText("(picture too big)", 4.0, y0 + kViewBoxHeight / 2 - 2,
                            x0 + 78.806 / 2 - 10, font);
@@ -128,9 +121,11 @@ void DrawViewBox(PlotFrame& frame, const DecalPageInputs& inputs, UnknownPieceRe
     const DecalExtents e = WithPinNumbers(frame, inputs.decal, inputs.font, inputs.extents, 1.0);
     const double cx = e.Empty() ? 0.0 : (e.xmin + e.xmax) / 2;
     const double cy = e.Empty() ? 0.0 : (e.ymin + e.ymax) / 2;
-    frame.Scale = 1;
-    frame.OriginX1 = x0 + kViewBoxWidth / 2 - cx * frame.UnitFactor;
-    frame.OriginY1 = y0 + kViewBoxHeight / 2 - cy * frame.UnitFactor;
+    DecalPlacement lifeSize = frame.Placement();
+    lifeSize.scale = 1;
+    lifeSize.origin = {x0 + kViewBoxWidth / 2 - cx * lifeSize.unitFactor,
+                       y0 + kViewBoxHeight / 2 - cy * lifeSize.unitFactor};
+    frame.Place(lifeSize);
     // The page's measurements come from the main picture, and comments are listed once, by it.
     DecalBodyPage page;
     page.texts.commentFont = font;
@@ -171,17 +166,18 @@ void DrawGrid(PlotFrame& frame, double width, double height, int attributeLines)
     frame.SetPenStyle(GridPenStyle(settings.GridLineStyle));
 
     const bool mils = settings.GridUnit == 1;
-    const double step = settings.GridSize * frame.Scale * (mils ? kMillimetresPerMil : 1.0);
+    const DecalPlacement& placement = frame.Placement();
+    const double step = settings.GridSize * placement.scale * (mils ? kMillimetresPerMil : 1.0);
     const double left = settings.XBorder / 2;
     const double right = width - settings.XBorder / 2;
     const double bottom = settings.YBorder / 2 + kGridBottom;
     const double top = height - settings.YBorder / 2 - kListLinePitch * attributeLines;
     // The decal origin's place on the page, in the frame's page millimetres.
-    for (const double y : GridPositions(frame.OriginY1, step, bottom, top)) {
+    for (const double y : GridPositions(placement.origin.y, step, bottom, top)) {
         frame.PageMoveTo(left, y);
         frame.PageLineTo(right, y);
     }
-    for (const double x : GridPositions(frame.OriginX1, step, left, right)) {
+    for (const double x : GridPositions(placement.origin.x, step, left, right)) {
         frame.PageMoveTo(x, bottom);
         frame.PageLineTo(x, top);
     }
@@ -198,7 +194,8 @@ void DrawOriginMarker(PlotFrame& frame) {
     if (colour == kNotPlotted) {
         return;
     }
-    const double r = frame.Settings().OriginSize / frame.UnitFactor / frame.Scale / 2;
+    const double r =
+        frame.Settings().OriginSize / frame.Placement().unitFactor / frame.Placement().scale / 2;
     if (!std::isfinite(r)) {
         return;
     }

@@ -3,8 +3,8 @@
 // One decal page: frame and title block, origin marker, grid, the decal's pieces, terminals and
 // texts, the 1:1 view, the listed attributes, the pad-stack table and the measurements, drawn in
 // that order on the frame's canvas. The print job has already chosen the scale and placed the
-// decal (frame.Scale, frame.OriginX1/Y1 for the decal origin, frame.OriginX2/Y2 for the frame's
-// bottom-left corner on the paper); the page only reads them.
+// decal (the frame's DecalPlacement: its scale, the decal origin and the frame's bottom-left
+// corner on the paper); the page only reads it.
 
 #include <string>
 

@@ -167,7 +167,7 @@ void DrawIndexCell(PlotFrame& frame, const IndexCellInputs& inputs) {
         PageTextInField(frame, inputs.decal.name, nameSize, nameBase, anchor, settings.FormularFont,
                         TextAlign::Centre, field);
         if (settings.PrintScale) {
-            PageTextInField(frame, IndexScaleText(frame.Scale), 5 / columns,
+            PageTextInField(frame, IndexScaleText(frame.Placement().scale), 5 / columns,
                             centre - nameSize / 2 - 3 / columns, anchor, settings.FormularFont,
                             TextAlign::Centre, field);
         }

@@ -3,7 +3,7 @@
 // The frames of index and parttype pages, and one decal in a cell of an index page. An index
 // page holds its decals in columns of cells above a narrow title strip; a parttype page has the
 // same frame and strip without the column rules. Positions are page millimetres from the frame's
-// bottom-left corner, which the frame's second origin (OriginX2, OriginY2) places on the paper.
+// bottom-left corner, which the frame's placement (its corner) puts on the paper.
 
 #include <string>
 

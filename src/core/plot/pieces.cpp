@@ -240,7 +240,8 @@ void DrawPieces(PlotFrame& frame, const Decal& decal, bool outlinesOnly, UserMes
         }
         const bool filledPolygon = kind->shape == Shape::FilledPolygon;
         const double width =
-            filledPolygon ? kFilledPieceWidth : piece.width * frame.UnitFactor * frame.Scale;
+            filledPolygon ? kFilledPieceWidth
+                          : piece.width * frame.Placement().unitFactor * frame.Placement().scale;
         int pen = kind->pen;
         if (readPin && piece.pin && *piece.pin >= 0) {
             pen = kPenPads;  // copper of a pin takes the pad colour

@@ -21,47 +21,51 @@ std::int32_t ToDevice(double value) {
 
 }  // namespace
 
-PlotFrame::PlotFrame(PlotCanvas& canvas, const PlotSettings& settings, UserMessages& messages)
-    : canvas_(canvas), settings_(settings), messages_(messages) {}
+PlotFrame::PlotFrame(PlotCanvas& canvas, const DeviceMapping& mapping, const PlotSettings& settings,
+                     UserMessages& messages)
+    : canvas_(canvas), mapping_(mapping), settings_(settings), messages_(messages) {}
 
 std::int32_t PlotFrame::DevX(double x) const {
-    const double mm = x * Scale * UnitFactor + OriginX1 + OriginX2;
-    return ToDevice(Surface == PlotSurface::ViewBox ? mm : mm / MmPerUnitX);
+    const DecalPlacement& at = placement_;
+    const double mm = x * at.scale * at.unitFactor + at.origin.x + at.corner.x;
+    return ToDevice(mapping_.surface == PlotSurface::ViewBox ? mm : mm / mapping_.mmPerUnitX);
 }
 
 std::int32_t PlotFrame::DevY(double y) const {
-    const double mm = y * Scale * UnitFactor + OriginY1 + OriginY2;
-    switch (Surface) {
+    const DecalPlacement& at = placement_;
+    const double mm = y * at.scale * at.unitFactor + at.origin.y + at.corner.y;
+    switch (mapping_.surface) {
         case PlotSurface::Printer:
-            return ToDevice((mm - PageHeight) / MmPerUnitY);
+            return ToDevice((mm - mapping_.pageHeight) / mapping_.mmPerUnitY);
         case PlotSurface::PreviewWindow:
-            return ToDevice(PaintBoxHeight - mm / MmPerUnitY);
+            return ToDevice(mapping_.paintBoxHeight - mm / mapping_.mmPerUnitY);
         case PlotSurface::ViewBox:
             break;
     }
-    return ToDevice(PaintBoxHeight - mm);
+    return ToDevice(mapping_.paintBoxHeight - mm);
 }
 
 std::int32_t PlotFrame::PageDevX(double mm) const {
-    const double page = mm + OriginX2;
-    return ToDevice(Surface == PlotSurface::ViewBox ? page : page / MmPerUnitX);
+    const double page = mm + placement_.corner.x;
+    return ToDevice(mapping_.surface == PlotSurface::ViewBox ? page : page / mapping_.mmPerUnitX);
 }
 
 std::int32_t PlotFrame::PageDevY(double mm) const {
-    switch (Surface) {
+    const double cornerY = placement_.corner.y;
+    switch (mapping_.surface) {
         case PlotSurface::Printer:
-            return ToDevice((mm + OriginY2 - PageHeight) / MmPerUnitY);
+            return ToDevice((mm + cornerY - mapping_.pageHeight) / mapping_.mmPerUnitY);
         case PlotSurface::PreviewWindow:
-            return ToDevice(PaintBoxHeight - (mm + OriginY2) / MmPerUnitY);
+            return ToDevice(mapping_.paintBoxHeight - (mm + cornerY) / mapping_.mmPerUnitY);
         case PlotSurface::ViewBox:
             break;
     }
     // The view box is laid out without the margin offset.
-    return ToDevice(PaintBoxHeight - mm);
+    return ToDevice(mapping_.paintBoxHeight - mm);
 }
 
 std::int32_t PlotFrame::DevLen(double mm) const {
-    return ToDevice(Surface == PlotSurface::ViewBox ? mm : mm / MmPerUnitY);
+    return ToDevice(mapping_.surface == PlotSurface::ViewBox ? mm : mm / mapping_.mmPerUnitY);
 }
 
 Colour PlotFrame::PenFor(int kind, std::int32_t layer) const {
@@ -128,7 +132,7 @@ void PlotFrame::FilledCircle(double x1, double y1, double x2, double y2, double 
     const Colour savedFill = canvas_.FillColour();
     canvas_.SetFillColour(canvas_.PenColour());
     canvas_.SetPenWidth(1);
-    const std::int32_t corner = DevLen(d * UnitFactor * Scale);
+    const std::int32_t corner = DevLen(d * placement_.unitFactor * placement_.scale);
     canvas_.RoundRect(DevX(x1), DevY(y1), DevX(x2), DevY(y2), corner, corner);
     canvas_.SetFillColour(savedFill);
 }
@@ -171,7 +175,7 @@ void PlotFrame::PageText(std::string_view text, double size, double y, double x,
 
 void PlotFrame::StrokeText(const StrokeFont& font, bool mirror, std::string_view text, double x,
                            double y, double rotation, double size, double lineWidth) {
-    SetPenWidth(lineWidth * Scale);
+    SetPenWidth(lineWidth * placement_.scale);
     DrawStrokeText(font, *this, mirror, text, x, y, rotation, size);
 }
 

@@ -2,8 +2,10 @@
 
 // The plot frame: the one place that turns library coordinates and page millimetres into device
 // units, picks pens from the pen table, and offers the drawing primitives in library and page
-// coordinates. The print jobs set its numbers before a page is drawn; the drawing code only calls
-// the primitives. Nothing outside the frame rounds or flips a coordinate.
+// coordinates. Two values drive the conversion: the device mapping, fixed for the surface a job
+// draws on and given when the frame is made, and the decal placement, which the jobs set for
+// every page frame and every decal they draw. The drawing code reads them and calls the
+// primitives. Nothing outside the frame rounds or flips a coordinate.
 
 #include <array>
 #include <cstdint>
@@ -24,22 +26,51 @@ enum class PlotSurface : std::uint8_t { Printer = 0, PreviewWindow = 1, ViewBox 
 
 inline constexpr int kPolygonPoints = 1024;
 
+// How page millimetres become device units on one surface. The printer's device units are
+// 0.01 mm with y counted up from the printable area's top edge (negative down the page); the
+// preview window's are pixels of its paint box, y down; the view box takes its pixels as the
+// millimetres of its page.
+struct DeviceMapping {
+    PlotSurface surface = PlotSurface::Printer;
+    double mmPerUnitX = 0.01;  // millimetres per device unit
+    double mmPerUnitY = 0.01;
+    double pageHeight = 0;            // the printable height in mm: the printer's y = 0
+    std::int32_t paintBoxHeight = 0;  // pixels; the on-screen surfaces only
+};
+
+// A point of the page in millimetres.
+struct PagePoint {
+    double x = 0;
+    double y = 0;
+};
+
+// Where the frame's drawing goes on the page. Page drawing (frames, title block, tables) is in
+// millimetres from `corner`, the frame's bottom-left corner on the printable area; a decal is
+// drawn at `scale` with its origin at `origin`, millimetres from that corner, each library unit
+// `unitFactor` millimetres long. The default places nothing: scale 1, millimetre units.
+struct DecalPlacement {
+    PagePoint corner;
+    double unitFactor = 1;
+    double scale = 1;
+    PagePoint origin;
+};
+
+// Page drawing alone: the frame's corner at `corner`, no decal placed.
+inline DecalPlacement FrameAt(PagePoint corner) {
+    DecalPlacement placement;
+    placement.corner = corner;
+    return placement;
+}
+
 class PlotFrame : public StrokeSink {
   public:
-    PlotFrame(PlotCanvas& canvas, const PlotSettings& settings, UserMessages& messages);
+    PlotFrame(PlotCanvas& canvas, const DeviceMapping& mapping, const PlotSettings& settings,
+              UserMessages& messages);
 
-    // Set by the print jobs; page values are millimetres.
-    double Scale = 1.0;
-    double UnitFactor = 1.0;  // millimetres per library unit
-    double OriginX1 = 0.0;
-    double OriginX2 = 0.0;
-    double OriginY1 = 0.0;
-    double OriginY2 = 0.0;
-    double MmPerUnitX = 0.01;  // millimetres per device unit
-    double MmPerUnitY = 0.01;
-    double PageHeight = 0.0;
-    PlotSurface Surface = PlotSurface::Printer;
-    std::int32_t PaintBoxHeight = 0;  // pixels; the on-screen surfaces only
+    const DeviceMapping& Mapping() const { return mapping_; }
+    const DecalPlacement& Placement() const { return placement_; }
+    // Everything drawn from here on goes where `placement` says.
+    void Place(const DecalPlacement& placement) { placement_ = placement; }
 
     PlotCanvas& Canvas() const { return canvas_; }
     const PlotSettings& Settings() const { return settings_; }
@@ -96,6 +127,8 @@ class PlotFrame : public StrokeSink {
 
   private:
     PlotCanvas& canvas_;
+    const DeviceMapping mapping_;
+    DecalPlacement placement_;
     const PlotSettings& settings_;
     UserMessages& messages_;
     std::array<DevicePoint, kPolygonPoints> polygon_{};

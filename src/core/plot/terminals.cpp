@@ -96,7 +96,8 @@ bool DrawPadShape(PlotFrame& frame, const PadStackEntry& pad, double x, double y
         FillFingerBody(frame, finger, s / 2, firstEnd, secondEnd);
     } else if (shape == "A") {
         const double ring = (s - pad.lenOrInner) / 2;
-        frame.Circle(x, y, (s - ring) / 2, ring * frame.UnitFactor * frame.Scale);
+        frame.Circle(x, y, (s - ring) / 2,
+                     ring * frame.Placement().unitFactor * frame.Placement().scale);
     } else if (shape == "O") {
         frame.Circle(x, y, s / 2 - 0.175, kOddPadPenWidth);
     } else {
@@ -108,7 +109,7 @@ bool DrawPadShape(PlotFrame& frame, const PadStackEntry& pad, double x, double y
 // Half of the smaller of `maxMm` and half the pad, in library units: the marks grow with small
 // pads but never beyond their setting on paper.
 double MarkHalfSize(const PlotFrame& frame, double maxMm, double padSize) {
-    const double mmPerUnit = frame.UnitFactor * frame.Scale;
+    const double mmPerUnit = frame.Placement().unitFactor * frame.Placement().scale;
     return std::min(maxMm, padSize / 2 * mmPerUnit) / mmPerUnit / 2;
 }
 
@@ -217,7 +218,8 @@ void DrawPinNumber(PlotFrame& frame, const StrokeFont& font, const TerminalLine&
         return;
     }
     frame.SetColour(frame.PenFor(kPenPinNo, 0));
-    const double height = PinNumberHeight(frame.Settings(), frame.UnitFactor, frame.Scale);
+    const DecalPlacement& placement = frame.Placement();
+    const double height = PinNumberHeight(frame.Settings(), placement.unitFactor, placement.scale);
     frame.StrokeText(font, false, terminal.pinName, terminal.labelX, terminal.labelY, 0, height,
                      kPinNumberLineWidth);
 }

@@ -103,7 +103,7 @@ TextItemsResult DrawTextItems(PlotFrame& frame, const Decal& decal, const Stroke
         const std::string_view trimmed = text.Trimmed();
         const auto [x, y] = BaselineStart(text, font, trimmed);
         frame.StrokeText(font, text.mirror, trimmed, x, y, text.rotation, text.size,
-                         text.lineWidth * frame.UnitFactor);
+                         text.lineWidth * frame.Placement().unitFactor);
     }
 
     if (result.largestComment > 0) {

@@ -148,7 +148,7 @@ void DrawValues(PlotFrame& frame, const TitleBlockInputs& inputs) {
                     Between(0, 100));
     PageTextInField(frame, std::to_string(inputs.terminalCount), kFormularTextSize, 18.5, 27, font,
                     TextAlign::Right, AfterLabelUpTo(font, "TERMS:", 2, 32.5));
-    PageTextInField(frame, ScaleText(frame.Scale), kFormularTextSize, 1.5, 20, font,
+    PageTextInField(frame, ScaleText(frame.Placement().scale), kFormularTextSize, 1.5, 20, font,
                     TextAlign::Left, Between(0, 33));
     PageTextInField(frame, inputs.date, kFormularTextSize, 1.5, 54, font, TextAlign::Left,
                     Between(33, 70));

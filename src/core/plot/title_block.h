@@ -3,7 +3,7 @@
 // The frame of a decal page and its title block (the "formular"): fixed labels, the decal's and
 // the library's names, company, form number, dates, scale, and the measurement values that the
 // page fills in after the decal is drawn. Positions are page millimetres from the frame's
-// bottom-left corner, which the frame's second origin (OriginX2, OriginY2) places on the paper.
+// bottom-left corner, which the frame's placement (its corner) puts on the paper.
 
 #include <string>
 #include <string_view>

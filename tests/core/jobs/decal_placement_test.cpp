@@ -8,6 +8,7 @@
 #include <QPageSize>
 
 #include "common/user_messages.h"
+#include "jobs/screen_geometry.h"
 #include "plot/recording_canvas.h"
 
 namespace zantor {
@@ -42,14 +43,14 @@ TEST(WholeScale, EnlargementsAreWholeAndCappedReductionsAreOneToN) {
 TEST(PlaceDecal, FitsTheDecalBetweenTheBordersAboveTheTitleBlock) {
     // 400 x 500 mils = 10.16 x 12.7 mm: (180 - 40) / 10.16 = 13.8 across, (260 - 40 - 100) /
     // 12.7 = 9.45 up, so 9 : 1.
-    const DecalPlacement centred = PlaceDecal(A4Area(), Box(-200, -250, 200, 250), 0.0254, 10);
+    const DecalFit centred = PlaceDecal(A4Area(), Box(-200, -250, 200, 250), 0.0254, 10);
     EXPECT_EQ(centred.scale, 9);
     EXPECT_DOUBLE_EQ(centred.drawingHeight, 120);
     EXPECT_DOUBLE_EQ(centred.originX, 90);
     EXPECT_DOUBLE_EQ(centred.originY, 180);  // half of 260, and 50 up into the drawing area
 
     // Off-centre extents move the origin so that their middle lands in the same place.
-    const DecalPlacement moved = PlaceDecal(A4Area(), Box(0, -100, 400, 400), 0.0254, 10);
+    const DecalFit moved = PlaceDecal(A4Area(), Box(0, -100, 400, 400), 0.0254, 10);
     EXPECT_DOUBLE_EQ(moved.originX, 90 - 200 * 0.0254 * 9);
     EXPECT_DOUBLE_EQ(moved.originY, 180 - 150 * 0.0254 * 9);
 
@@ -57,7 +58,7 @@ TEST(PlaceDecal, FitsTheDecalBetweenTheBordersAboveTheTitleBlock) {
     // 1 : 2 in the 108 mm that three leave.
     const DecalExtents tall = Box(-5, -60, 5, 60);
     EXPECT_EQ(PlaceDecal(A4Area(), tall, 1.0, 10).scale, 1);
-    const DecalPlacement listed = PlaceDecal(A4Area(3), tall, 1.0, 10);
+    const DecalFit listed = PlaceDecal(A4Area(3), tall, 1.0, 10);
     EXPECT_DOUBLE_EQ(listed.drawingHeight, 108);
     EXPECT_DOUBLE_EQ(listed.scale, 0.5);
     EXPECT_DOUBLE_EQ(listed.originY, 180 - 6);
@@ -68,7 +69,7 @@ TEST(PlaceDecal, FitsTheDecalBetweenTheBordersAboveTheTitleBlock) {
 
 TEST(PlaceDecal, PointsAndTinyDecalsAreDrawnAtTheLargestScale) {
     EXPECT_EQ(PlaceDecal(A4Area(), Box(3, 4, 3, 4), 1.0, 10).scale, 10);
-    const DecalPlacement empty = PlaceDecal(A4Area(), DecalExtents{}, 1.0, 7);
+    const DecalFit empty = PlaceDecal(A4Area(), DecalExtents{}, 1.0, 7);
     EXPECT_EQ(empty.scale, 7);
     EXPECT_DOUBLE_EQ(empty.originX, 90);
     EXPECT_DOUBLE_EQ(empty.originY, 180);
@@ -77,7 +78,7 @@ TEST(PlaceDecal, PointsAndTinyDecalsAreDrawnAtTheLargestScale) {
 }
 
 TEST(PlaceDecal, ViewBoxCentresInTheWholeBox) {
-    const DecalPlacement box = PlaceDecalInBox(100, 80, Box(0, 0, 20, 10), 1.0, 10);
+    const DecalFit box = PlaceDecalInBox(100, 80, Box(0, 0, 20, 10), 1.0, 10);
     EXPECT_EQ(box.scale, 5);
     EXPECT_DOUBLE_EQ(box.originX, 50 - 10 * 5);
     EXPECT_DOUBLE_EQ(box.originY, 40 - 5 * 5);
@@ -113,12 +114,12 @@ TEST(PageGeometry, PlacementSetsTheFrameForThePrinterMapping) {
     PlotSettings settings;
     RecordingCanvas canvas;
     RecordingMessages messages;
-    PlotFrame frame(canvas, settings, messages);
     const PageGeometry page = PageGeometryOf({210, 297, 0, 0, 0, 0}, {12, 6, 6, 6});
-    const DecalPlacement placement = PlaceDecal({page.usableWidth, page.usableHeight, 20, 20, 0},
-                                                Box(-200, -250, 200, 250), 0.0254, 10);
-    ApplyPlacement(frame, page, placement, 0.0254);
-    EXPECT_EQ(frame.Scale, placement.scale);
+    PlotFrame frame(canvas, DeviceMappingOf(PlotSurface::Printer, page), settings, messages);
+    const DecalFit fit = PlaceDecal({page.usableWidth, page.usableHeight, 20, 20, 0},
+                                    Box(-200, -250, 200, 250), 0.0254, 10);
+    frame.Place(PlacementOnPage(page, fit, 0.0254));
+    EXPECT_EQ(frame.Placement().scale, fit.scale);
     // The decal origin in the middle of the drawing area: 12 + 192 / 2 mm from the paper's left
     // edge, and (282 / 2 + 50) + 9 mm from its bottom edge, on the printer's y-up mapping.
     EXPECT_EQ(frame.DevX(0), 10800);

@@ -57,9 +57,8 @@ struct PageBench : PlotBench {
     AttributeList attributes;
 
     PageBench() {
-        frame.Scale = 2;
-        frame.OriginX1 = 100;
-        frame.OriginY1 = 150;
+        Rescale(2);
+        MoveOrigin({100, 150});
         settings.PlotOrigins = false;
         settings.PlotPadstack = false;
         settings.GridLineWidth = 0.1;
@@ -144,7 +143,7 @@ TEST(DrawGrid, LinesRunThroughTheOriginAtTheStepAndStopBelowTheListedAttributes)
     mm.settings.GridSize = 5;
     mm.settings.GridUnit = 0;
     mm.settings.GridLineStyle = 2;
-    mm.frame.Scale = 1;
+    mm.Rescale(1);
     DrawGrid(mm.frame, kWidth, kHeight, 2);
     // The area's top is 250 - 2 x 4 = 242 mm; 240 is the last line up, 115 the last down (a line
     // on the bottom bound 110 is not drawn).
@@ -187,8 +186,8 @@ TEST(DrawGrid, OriginFarOffThePageEndsWithTheLinesThatFallInside) {
             PageBench bench;
             bench.settings.GridSize = 5;
             bench.settings.GridUnit = 0;
-            bench.frame.Scale = 1;
-            (horizontal ? bench.frame.OriginY1 : bench.frame.OriginX1) = far;
+            bench.Rescale(1);
+            bench.MoveOrigin(horizontal ? PagePoint{100, far} : PagePoint{far, 150});
             DrawGrid(bench.frame, kWidth, kHeight, 0);
             // Rows from 110 to 250 mm, columns from 10 to 180 mm at most, one per 5 mm: where
             // the far origin's multiples land depends on rounding, the count must not.
@@ -259,7 +258,7 @@ TEST(DecalPage, ViewBoxSaysThePictureIsTooBigAtTwoToOne) {
 TEST(DecalPage, ViewBoxShowsTheDecalLifeSizeCentredAtFiveToOne) {
     PageBench bench;
     bench.settings.View1_1 = true;
-    bench.frame.Scale = 5;
+    bench.Rescale(5);
     // A bar whose extents reach further right and up: their middle (10, 1) goes to the box's
     // middle (147.597, 68).
     const DecalRecord record =
@@ -272,9 +271,9 @@ TEST(DecalPage, ViewBoxShowsTheDecalLifeSizeCentredAtFiveToOne) {
               bench.IndexOf("line 15000 15000 pen=000003/100/solid"));
     EXPECT_FALSE(bench.HasPart("picture too big"));
     // The page's own placement is back.
-    EXPECT_EQ(bench.frame.Scale, 5);
-    EXPECT_EQ(bench.frame.OriginX1, 100);
-    EXPECT_EQ(bench.frame.OriginY1, 150);
+    EXPECT_EQ(bench.frame.Placement().scale, 5);
+    EXPECT_EQ(bench.frame.Placement().origin.x, 100);
+    EXPECT_EQ(bench.frame.Placement().origin.y, 150);
 }
 
 TEST(DecalPage, CheckedAttributesAreListedAtTheTopAboveTheComments) {

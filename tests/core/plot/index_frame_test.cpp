@@ -194,9 +194,8 @@ struct CellBench : PlotBench {
         settings.Columns = 2;
         settings.PartsEachColumn = 3;
         settings.PlotOrigins = false;
-        frame.Scale = 0.5;
-        frame.OriginX1 = 150;
-        frame.OriginY1 = 132;
+        Rescale(0.5);
+        MoveOrigin({150, 132});
     }
 
     void Draw(int column, int row) {
@@ -216,7 +215,7 @@ TEST(IndexCell, NameAtTheLeftOfTheColumnScaleUnderItAndTheDecalAtTheFramesPlacem
 
     CellBench scaled;
     scaled.settings.PrintScale = true;
-    scaled.frame.Scale = 0.25;
+    scaled.Rescale(0.25);
     scaled.Draw(2, 3);
     EXPECT_EQ(Texts(scaled.canvas),
               (Lines{"text-centre 11500 13500 300 \"Arial\" \"BAR20\"" + kText,

@@ -204,8 +204,7 @@ TEST(DrawPieces, CirclesComeFromTheirFirstCornerAndEachLaterOne) {
 
 TEST(DrawPieces, PensAndWidthsAreSetEvenForPiecesNotDrawn) {
     PlotBench bench;
-    bench.frame.Scale = 3;
-    bench.frame.UnitFactor = 0.0254;
+    bench.Rescale(3, 0.0254);
     DrawPieces(bench.frame, ParseDecal(MakeRecord({"OPEN 2 10 1", "0 0", "1000 0"}, 1)), true,
                bench.messages);
     // 10 mils at 3:1 is 0.762 mm; 1000 mils at 3:1 is 76.2 mm.
@@ -213,8 +212,7 @@ TEST(DrawPieces, PensAndWidthsAreSetEvenForPiecesNotDrawn) {
 
     // A piece left to the other pass still sets its colour and width.
     bench.canvas.Clear();
-    bench.frame.Scale = 1;
-    bench.frame.UnitFactor = 1;
+    bench.Rescale(1, 1);
     DrawPieces(bench.frame, ParseDecal(MakeRecord({"COPOPN 2 0.1 1", "0 0", "10 0"}, 1)), true,
                bench.messages);
     EXPECT_TRUE(bench.canvas.Lines().empty());

@@ -24,55 +24,48 @@ std::vector<DevicePoint> PolygonPoints(const std::string& line) {
     return points;
 }
 
+DeviceMapping Mapping(PlotSurface surface, double mmPerUnit, double pageHeight,
+                      std::int32_t paintBoxHeight) {
+    return {.surface = surface,
+            .mmPerUnitX = mmPerUnit,
+            .mmPerUnitY = mmPerUnit,
+            .pageHeight = pageHeight,
+            .paintBoxHeight = paintBoxHeight};
+}
+
 TEST(PlotFrameTransform, EachSurfaceMapsLibraryAndPageMillimetresItsOwnWay) {
-    PlotBench bench;
-    PlotFrame& frame = bench.frame;
-    frame.Scale = 2;
-    frame.UnitFactor = 0.0254;
-    frame.OriginX1 = 10;
-    frame.OriginX2 = 5;
-    frame.OriginY1 = 20;
-    frame.OriginY2 = 7;
-    frame.PageHeight = 297;
     // Printer: hundredths of a millimetre, y up from the page's top edge.
-    EXPECT_EQ(frame.DevX(1000), 6580);    // (50.8 + 15) mm
-    EXPECT_EQ(frame.DevY(1000), -21920);  // 50.8 + 27 - 297 mm
-    EXPECT_EQ(frame.PageDevX(100), 10500);
-    EXPECT_EQ(frame.PageDevY(290), 0);
+    PlotBench printer(Mapping(PlotSurface::Printer, 0.01, 297, 0));
+    printer.frame.Place({.corner = {5, 7}, .unitFactor = 0.0254, .scale = 2, .origin = {10, 20}});
+    EXPECT_EQ(printer.frame.DevX(1000), 6580);    // (50.8 + 15) mm
+    EXPECT_EQ(printer.frame.DevY(1000), -21920);  // 50.8 + 27 - 297 mm
+    EXPECT_EQ(printer.frame.PageDevX(100), 10500);
+    EXPECT_EQ(printer.frame.PageDevY(290), 0);
+    EXPECT_EQ(printer.frame.DevLen(3), 300);
 
     // Preview window: pixels, y down from the paint box's height.
-    frame.Surface = PlotSurface::PreviewWindow;
-    frame.Scale = 1;
-    frame.UnitFactor = 1;
-    frame.PaintBoxHeight = 600;
-    frame.MmPerUnitX = 0.5;
-    frame.MmPerUnitY = 0.5;
-    frame.OriginX2 = 2;
-    frame.OriginY2 = 4;
-    EXPECT_EQ(frame.DevX(10), 44);
-    EXPECT_EQ(frame.DevY(10), 532);
-    EXPECT_EQ(frame.PageDevY(3), 586);
-    EXPECT_EQ(frame.DevLen(3), 6);
+    PlotBench preview(Mapping(PlotSurface::PreviewWindow, 0.5, 297, 600));
+    preview.frame.Place(FrameAt({2, 4}));
+    EXPECT_EQ(preview.frame.DevX(10), 24);
+    EXPECT_EQ(preview.frame.DevY(10), 572);
+    preview.frame.Place({.corner = {2, 4}, .unitFactor = 1, .scale = 1, .origin = {10, 16}});
+    EXPECT_EQ(preview.frame.DevX(10), 44);
+    EXPECT_EQ(preview.frame.DevY(10), 540);
+    EXPECT_EQ(preview.frame.PageDevY(3), 586);
+    EXPECT_EQ(preview.frame.DevLen(3), 6);
 
     // View box: page millimetres as they are, no offset in y.
-    frame.Surface = PlotSurface::ViewBox;
-    frame.PaintBoxHeight = 150;
-    frame.Scale = 0.5;
-    frame.OriginX1 = 40;
-    frame.OriginX2 = 3;
-    frame.OriginY1 = 30;
-    frame.OriginY2 = 2;
-    EXPECT_EQ(frame.DevX(20), 53);
-    EXPECT_EQ(frame.DevY(20), 108);
-    EXPECT_EQ(frame.PageDevY(10), 140);
-    EXPECT_EQ(frame.DevLen(7), 7);
+    PlotBench box(Mapping(PlotSurface::ViewBox, 1, 297, 150));
+    box.frame.Place({.corner = {3, 2}, .unitFactor = 1, .scale = 0.5, .origin = {40, 30}});
+    EXPECT_EQ(box.frame.DevX(20), 53);
+    EXPECT_EQ(box.frame.DevY(20), 108);
+    EXPECT_EQ(box.frame.PageDevY(10), 140);
+    EXPECT_EQ(box.frame.DevLen(7), 7);
 }
 
 TEST(PlotFrameTransform, RoundsHalfWaysToEvenOnEverySurface) {
-    PlotBench bench;
-    PlotFrame& frame = bench.frame;
-    frame.MmPerUnitX = 1;
-    frame.MmPerUnitY = 1;
+    PlotBench printer(Mapping(PlotSurface::Printer, 1, 0, 0));
+    const PlotFrame& frame = printer.frame;
     EXPECT_EQ(frame.DevX(2.5), 2);
     EXPECT_EQ(frame.DevX(3.5), 4);
     EXPECT_EQ(frame.DevX(-2.5), -2);
@@ -80,26 +73,20 @@ TEST(PlotFrameTransform, RoundsHalfWaysToEvenOnEverySurface) {
     EXPECT_EQ(frame.DevY(1.5), 2);
     EXPECT_EQ(frame.DevLen(0.5), 0);
 
-    frame.Surface = PlotSurface::PreviewWindow;
-    frame.PaintBoxHeight = 600;
-    frame.MmPerUnitX = 0.5;
-    frame.MmPerUnitY = 0.5;
-    EXPECT_EQ(frame.DevY(0.25), 600);      // 599.5
-    EXPECT_EQ(frame.DevY(0.75), 598);      // 598.5
-    EXPECT_EQ(frame.PageDevY(1.25), 598);  // 597.5
-    EXPECT_EQ(frame.DevLen(1.75), 4);
+    PlotBench preview(Mapping(PlotSurface::PreviewWindow, 0.5, 0, 600));
+    EXPECT_EQ(preview.frame.DevY(0.25), 600);      // 599.5
+    EXPECT_EQ(preview.frame.DevY(0.75), 598);      // 598.5
+    EXPECT_EQ(preview.frame.PageDevY(1.25), 598);  // 597.5
+    EXPECT_EQ(preview.frame.DevLen(1.75), 4);
 
-    frame.Surface = PlotSurface::ViewBox;
-    frame.PaintBoxHeight = 100;
-    EXPECT_EQ(frame.DevY(0.5), 100);
-    EXPECT_EQ(frame.PageDevX(1.5), 2);
+    PlotBench box(Mapping(PlotSurface::ViewBox, 1, 0, 100));
+    EXPECT_EQ(box.frame.DevY(0.5), 100);
+    EXPECT_EQ(box.frame.PageDevX(1.5), 2);
 }
 
 TEST(PlotFrameTransform, CoordinatesBeyondThirtyTwoBitsAreRangeErrors) {
-    PlotBench bench;
+    PlotBench bench(Mapping(PlotSurface::Printer, 1, 0, 0));
     PlotFrame& frame = bench.frame;
-    frame.MmPerUnitX = 1;
-    frame.MmPerUnitY = 1;
     EXPECT_EQ(frame.DevX(2147483647.0), 2147483647);
     EXPECT_EQ(frame.DevX(-2147483648.4), -2147483647 - 1);
     EXPECT_THROW(frame.DevX(2147483647.6), RangeError);

@@ -22,16 +22,28 @@ struct PlotBench {
     PlotSettings settings;
     RecordingCanvas canvas;
     RecordingMessages messages;
-    PlotFrame frame{canvas, settings, messages};
+    PlotFrame frame;
 
-    PlotBench() {
+    explicit PlotBench(const DeviceMapping& mapping = {})
+        : frame(canvas, mapping, settings, messages) {
         for (int kind = 1; kind <= kPenKinds; ++kind) {
             settings.PenTable[0].colour[kind] = kind;
         }
-        frame.Surface = PlotSurface::Printer;
-        frame.MmPerUnitX = 0.01;
-        frame.MmPerUnitY = 0.01;
-        frame.PageHeight = 0;
+    }
+
+    // The frame's placement with a new scale (and unit factor); corner and decal origin stay.
+    void Rescale(double scale, double unitFactor) {
+        DecalPlacement placement = frame.Placement();
+        placement.scale = scale;
+        placement.unitFactor = unitFactor;
+        frame.Place(placement);
+    }
+    void Rescale(double scale) { Rescale(scale, frame.Placement().unitFactor); }
+    // The decal origin at `origin` page millimetres from the corner; the rest stays.
+    void MoveOrigin(PagePoint origin) {
+        DecalPlacement placement = frame.Placement();
+        placement.origin = origin;
+        frame.Place(placement);
     }
 };
 

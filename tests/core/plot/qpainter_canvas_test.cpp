@@ -273,10 +273,7 @@ struct Sheet {
 
     // Sets the frame to the decal at 2:1 with its origin at (105, 160) mm of an A4 page.
     static void Place(PlotFrame& frame) {
-        frame.Scale = 2;
-        frame.UnitFactor = 0.0254;
-        frame.OriginX1 = 105;
-        frame.OriginY1 = 160;
+        frame.Place({.corner = {0, 0}, .unitFactor = 0.0254, .scale = 2, .origin = {105, 160}});
     }
 
     void Draw(PlotFrame& frame) {
@@ -298,17 +295,21 @@ void RenderAndCheckDecal(QImage& image, CanvasMapping mapping, Sheet& sheet) {
     QPainter painter(&image);
     QPainterCanvas canvas(painter, mapping);
     RecordingMessages messages;
-    PlotFrame frame(canvas, sheet.settings, messages);
-    Sheet::Place(frame);
     const bool printer = mapping == CanvasMapping::Hundredths;
-    if (printer) {
-        frame.PageHeight = 297;
-    } else {
-        frame.Surface = PlotSurface::PreviewWindow;
-        frame.MmPerUnitX = 0.5;
-        frame.MmPerUnitY = 0.5;
-        frame.PaintBoxHeight = image.height();
+    DeviceMapping device{.surface = PlotSurface::Printer,
+                         .mmPerUnitX = 0.01,
+                         .mmPerUnitY = 0.01,
+                         .pageHeight = 297,
+                         .paintBoxHeight = 0};
+    if (!printer) {
+        device = {.surface = PlotSurface::PreviewWindow,
+                  .mmPerUnitX = 0.5,
+                  .mmPerUnitY = 0.5,
+                  .pageHeight = 297,
+                  .paintBoxHeight = image.height()};
     }
+    PlotFrame frame(canvas, device, sheet.settings, messages);
+    Sheet::Place(frame);
     sheet.Draw(frame);
     painter.end();
     const double pixelsPerUnit = image.logicalDpiX() / 2540.0;

@@ -207,7 +207,7 @@ TEST(DrawTerminal, EachPadShapeOnItsAxisAndOrientation) {
     }
     // A ring of 1.0 outside, 0.6 inside: a circle through its middle with a pen as wide as the
     // ring, which grows with the scale.
-    bench.frame.Scale = 2;
+    bench.Rescale(2);
     EXPECT_EQ(bench.Draw({Pad(0, -2, 1.0, "A", 0, 0.6)}, Terminal(3, 0, 0)).at(0),
               "arc -80 -80 80 80 80 80 -80 -80 pen=000001/40/solid");
 }
@@ -300,7 +300,7 @@ TEST(DrawTerminal, Pin1HasTheDiamondOrTheCentreMarkNeverBothCappedOnPaper) {
     EXPECT_EQ(bench.Draw(stacks, Terminal(2, 2, 0)), Lines{pin2Disc});
 
     // The caps are sizes on paper at any scale.
-    bench.frame.Scale = 2;
+    bench.Rescale(2);
     bench.settings.ShowPinCenter = true;
     bench.settings.MaxPin1Mark = 0.6;  // below the pad's half, 1.0 mm on paper
     bench.settings.MaxPinCenterMark = 0.4;
@@ -417,8 +417,7 @@ TEST(DrawTerminal, PinNumberSizeFollowsScaleAndMinimumOnPaper) {
         bench.settings.ScalePinNo = c.scalePinNo;
         bench.settings.PinNoSize = c.pinNoSize;
         bench.settings.MinPinnoSize = c.minSize;
-        bench.frame.Scale = c.scale;
-        bench.frame.UnitFactor = c.unitFactor;
+        bench.Rescale(c.scale, c.unitFactor);
         TerminalLine terminal = Terminal(1, 0, 0);
         terminal.labelX = 1 / c.unitFactor;
         bench.Draw({Pad(0, -2, 0.1, "R")}, terminal);

@@ -87,8 +87,7 @@ TEST(DrawTextItems, OrdinaryTextsAreTrimmedAndDrawnWithTheTextPenOfTheirLayer) {
 
 TEST(DrawTextItems, WidthsFollowTheScaleUnplottedLayersAreSkippedAndDollarLinesKept) {
     PlotBench bench;
-    bench.frame.UnitFactor = 0.0254;
-    bench.frame.Scale = 2;
+    bench.Rescale(2, 0.0254);
     DrawTextItems(bench.frame, ParseDecal(TextRecord({{"0 0 0 1 30.4 10 N", "A"}})), TinyFont(),
                   TextItemsPage{});
     // 4 mils at 2:1 is 0.2032 mm; the 10 mil line is 0.508 mm wide.
@@ -113,8 +112,11 @@ TEST(DrawTextItems, WidthsFollowTheScaleUnplottedLayersAreSkippedAndDollarLinesK
 }
 
 TEST(DrawTextItems, CommentLinesAreListedOnTheDecalPageWithTheirSeparator) {
-    PlotBench bench;
-    bench.frame.PageHeight = 297;
+    PlotBench bench({.surface = PlotSurface::Printer,
+                     .mmPerUnitX = 0.01,
+                     .mmPerUnitY = 0.01,
+                     .pageHeight = 297,
+                     .paintBoxHeight = 0});
     const DecalRecord record = TextRecord({
         {"0 0 0 30 30.4 0.1 N", "@@3 Third line"},
         {"0 0 0 30 30.4 0.1 N", "@@1abcdefghijklmnopq First  line  "},

@@ -20,8 +20,7 @@ using Lines = std::vector<std::string>;
 // mm (the top edge of a text) is 100 y + 500. Form-text is colour 9, Form-line colour 10.
 struct TitleBench : PlotBench {
     TitleBench() {
-        frame.OriginX2 = 10;
-        frame.OriginY2 = 5;
+        frame.Place(FrameAt({10, 5}));
         settings.FormularFont = "Arial";
         settings.CompanyFont = "Courier";
     }
@@ -92,7 +91,7 @@ TEST(TitleBlock, ScaleReadsAsEnlargementOrReduction) {
         {0.5, "1 : 2"}, {2, "2 : 1"}, {1, "1 : 1"}, {1.0 / 3, "1 : 3"}, {10, "10 : 1"}};
     for (const auto& [scale, text] : cases) {
         TitleBench bench;
-        bench.frame.Scale = scale;
+        bench.Rescale(scale);
         DrawTitleBlock(bench.frame, bench.Inputs());
         EXPECT_EQ(bench.TextAt(3000, 930),
                   std::string("text 3000 930 280 \"Arial\" \"") + text + "\" colour=000009")
@@ -263,8 +262,7 @@ TEST(TitleBlock, LongNamesShrinkToTheirFieldsAndShortOnesKeepTheirHeight) {
     for (double width : {190.0, 277.0, 400.0}) {
         for (const std::string& name : names) {
             TitleBench bench;
-            bench.frame.OriginX2 = 0;
-            bench.frame.OriginY2 = 0;
+            bench.frame.Place(FrameAt({0, 0}));
             bench.settings.Company = "Brovik Elektronik og Mekanikk AS";
             bench.settings.DecalAsFormNo = true;
             bench.settings.GenComment = std::string(80, 'M');
