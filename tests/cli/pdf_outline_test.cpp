@@ -62,15 +62,6 @@ std::string PdfInfoField(const std::filesystem::path& pdf, const std::string& fi
     return "";
 }
 
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 // A synthetic decal library of `decals` decals at `path`.
 std::filesystem::path Generate(const std::filesystem::path& path, int decals) {
     QProcess generate;

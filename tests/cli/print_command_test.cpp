@@ -18,15 +18,6 @@
 namespace zantor::test {
 namespace {
 
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
-
 int PdfPages(const std::filesystem::path& pdf) {
     return ReadPdfInfo(pdf).value_or(PdfInfo{}).pages;
 }

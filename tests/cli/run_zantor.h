@@ -24,6 +24,16 @@ inline Outcome Zantor(const std::vector<std::string>& args) {
     return {status, out.str(), err.str()};
 }
 
+// The lines of a command's output, without their line ends.
+inline std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}
+
 inline std::string Sample() {
     return (SourceDir() / "data" / "samples" / "sample.d").string();
 }
