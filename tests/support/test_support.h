@@ -7,6 +7,19 @@
 
 namespace zantor::test {
 
+// Whether the tests run under AddressSanitizer, whose allocator replaces the C library's heap.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool kAddressSanitizer = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+inline constexpr bool kAddressSanitizer = true;
+#else
+inline constexpr bool kAddressSanitizer = false;
+#endif
+#else
+inline constexpr bool kAddressSanitizer = false;
+#endif
+
 // The folder of handmade fixtures (tests/data).
 std::filesystem::path DataDir();
 // The repository root.
